@@ -1,0 +1,85 @@
+#pragma once
+
+#include <TEVSystemLib/TEVSystemExport.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace TAMO::TEV::System {
+
+// The process-wide configuration store: system properties from "tev.system.properties", user
+// properties from "tev.user.properties". A lookup asks the user table, then the system table, then
+// the process environment, whose answer is cached in the system table. Folders, file syntax,
+// references, defaults and environment directives: docs/configuration-files.md.
+//
+// The store is created by the first lookup and destroyed at process exit or when the DLL is
+// unloaded. No function throws.
+//
+// Threads: no lock. Initialise on one thread; afterwards lookups of keys that only the environment
+// holds still write to the store, so guard them, setting, saving and reloading from outside.
+class TEVSYSTEMLIB_API TEVSystemProperties {
+ public:
+    class DefaultValue;
+
+    // Copies nothing: there is one store.
+    TEVSystemProperties& operator=(const TEVSystemProperties&);
+
+    // Discards both tables, unsaved user properties and cached environment values included, reads
+    // both files again and executes the environment directives again.
+    static void InitializeProperties();
+
+    // On success `value` points into the store, valid until that entry changes or the store is
+    // reloaded; on failure it is null. A null key counts as empty.
+    static bool GetProperty(const char* key, const char*& value);
+
+    // True when the property reads, in any letter case, on, true, yes, 1 (value true) or off,
+    // false, no, 0 (value false). Otherwise false with value false. Blanks are not trimmed.
+    static bool GetPropertyAsBool(bool& value, const char* key);
+
+    // Sets a user property in memory; the value is stored as it stands. A null key counts as empty;
+    // a null value is refused.
+    static bool SetUserProperty(const char* key, const char* value);
+
+    // Writes the user table as sorted "key = value" lines over the existing user file. Comments in
+    // the file are lost. False when no user file exists, the table is empty or the write fell
+    // short; the old content is gone once the file was opened.
+    static bool SaveUserProperties();
+
+ protected:
+    TEVSystemProperties();
+    ~TEVSystemProperties();
+
+    // The one instance, created and loaded by the first call.
+    static TEVSystemProperties& get();
+
+    std::map<std::string, std::string>& getProperties();
+    std::map<std::string, std::string>& getUserProperties();
+
+ private:
+    std::unique_ptr<std::map<std::string, std::string>> properties_;
+    std::unique_ptr<std::map<std::string, std::string>> userProperties_;
+};
+
+// The value that a well-known key takes when the configured one is missing or invalid. A missing
+// key is not added to the store: the caller applies its default.
+class TEVSYSTEMLIB_API TEVSystemProperties::DefaultValue {
+ public:
+    static const char* const TEV_CNST_HGHT_DEFAULT_TM;
+    static const char* const TEV_EXT_INTERSECTS_TERRAIN;
+    static const char* const TEV_LOG_DYNAMIC_LOGGING;
+    static const char* const TEV_LOG_LEVEL;
+    static const char* const TEV_LOG_LOGGERS;
+    static const char* const TEV_LOGGING_STATUS;
+    static const char* const TEV_SUPPORT_PROXY_ISD;
+    static const char* const TEV_SUPPORTED_PROXY_ISD_EXT;
+    static const char* const CORVID_CSMXFORM_APPROX_OK;
+    static const char* const CORVID_CSMXFORM_OPERATION_MODE;
+    static const char* const CORVID_ENABLE_CSMXFORM;
+
+ private:
+    DefaultValue() = default;
+    ~DefaultValue() = default;
+};
+
+}  // namespace TAMO::TEV::System

@@ -1,0 +1,43 @@
+#include <TEVSystemLib/system/TEVSysCnst.h>
+#include <TEVSystemLib/system/TEVSystemProperties.h>
+#include <TEVSystemLib/util/file/TEVIO.h>
+
+#include "TEVSystemLib/system/detail/ConfigurationFolders.h"
+#include "TEVSystemLib/system/detail/PropertyTables.h"
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+
+namespace TAMO::TEV::System {
+
+namespace {
+
+std::string Lines(const detail::Properties& table) {
+    std::string lines;
+    for (const auto& [key, value] : table) lines.append(key).append(" = ").append(value) += '\n';
+    return lines;
+}
+
+}  // namespace
+
+bool TEVSystemProperties::SetUserProperty(const char* key, const char* value) try {
+    if (value == nullptr) return false;
+    get().getUserProperties()[std::string(Util::detail::OrEmpty(key))] = value;
+    return true;
+} catch (...) {
+    return false;
+}
+
+bool TEVSystemProperties::SaveUserProperties() try {
+    const detail::Properties& table = get().getUserProperties();
+    // KEEP: the search accepts only a folder that holds the file, so saving never creates one.
+    const std::string folder = detail::FindUserFolder();
+    if (folder.empty() || table.empty()) return false;
+    Util::TEVIO file(folder + TEVSysCnst::PropertyKey::TEV_USER_PROPERTIES_FILE_NAME,
+                     Util::TEVIO::Write);
+    if (!file) return false;
+    const std::string lines = Lines(table);
+    return file.write(lines.data(), lines.size()) == lines.size();
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System

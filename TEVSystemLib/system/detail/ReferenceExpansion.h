@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace TAMO::TEV::System::detail {
+
+// Gives the value of a name, or null; the pointer need only last until the next call.
+using NameLookup = std::function<const std::string*(const std::string& name)>;
+
+// Replaces every %NAME% that `lookup` knows, once from left to right: a value put in is not
+// expanded again. Unknown names and a lone "%" stay as they are.
+std::string ExpandReferences(std::string_view text, const NameLookup& lookup);
+
+}  // namespace TAMO::TEV::System::detail

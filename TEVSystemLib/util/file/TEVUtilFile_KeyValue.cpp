@@ -1,0 +1,26 @@
+#include <TEVSystemLib/util/file/TEVIO.h>
+#include <TEVSystemLib/util/file/TEVUtilFile.h>
+
+#include "TEVSystemLib/util/file/detail/KeyValueParser.h"
+#include "TEVSystemLib/util/memory/detail/OwnedArray.h"
+
+namespace TAMO::TEV::System::Util {
+
+bool TEVUtilFile::GetKeyValuePairsFromFile(const std::string& fileName,
+                                           std::map<std::string, std::string>& pairs,
+                                           bool blankSeparated) try {
+    char* data = nullptr;
+    std::uint64_t size = 0;
+    if (!TEVIO::readFile(fileName.c_str(), &data, size)) return false;
+    const detail::OwnedText content(data);
+    detail::KeyValueParser parser({content.get(), size},
+                                  blankSeparated ? detail::KeyValueSyntax::BlankSeparated
+                                                 : detail::KeyValueSyntax::EqualSeparated);
+    while (const auto pair = parser.Next())
+        pairs.insert_or_assign(std::string(pair->key), std::string(pair->value));
+    return true;
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

@@ -1,0 +1,241 @@
+#pragma once
+
+#include <TEVSystemLib/TEVSystemExport.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace TAMO::TEV::System::Util {
+
+// Operations on zero-terminated 8-bit text.
+//
+// Ownership: what comes back through char**, wchar_t** or char**& is a new allocation that the
+// caller gives back through the Delete functions below. An output pointer is overwritten, never
+// freed, so a buffer that it still held is lost; MemCopyTrimmedString alone releases it on failure.
+// On failure an output pointer is null unless the function says that it is left untouched.
+//
+// Errors: functions report failure by their result and let no exception out, except where a
+// std::invalid_argument is named. Functions that name one also throw std::runtime_error "Failed to
+// allocate enough memory to perform requested operation." when memory is exhausted.
+//
+// Letters and blanks are those of ASCII whatever the locale; a blank is a space, tab, line feed,
+// vertical tab, form feed or carriage return.
+//
+// Threads: no shared state; any number of threads may work on distinct data.
+class TEVSYSTEMLIB_API TEVUtilString {
+ public:
+    // Release: null is accepted; the caller's pointer becomes null.
+    static void DeleteCString(char** text);
+    static void DeleteCStringArray(char**& array, std::size_t count);
+    // Frees the array only: its strings are borrowed.
+    static void DeleteConstCStringArray(const char**& array, std::size_t count);
+    static void DeleteWCharBuffer(wchar_t** text);
+    static void DeleteUnsignedCharArray(unsigned char** array);
+
+    // Allocation: exactly `count` zeroed elements; the result is `count` or 0. As in
+    // TEVUtilMemory, exhausted memory throws std::bad_alloc.
+    static std::size_t GetCharArray(std::size_t count, char** out);
+    static std::size_t GetUnsignedCharArray(std::size_t count, unsigned char** out);
+    static std::size_t GetCStringArray(char**& out, std::size_t count);
+    static std::size_t GetConstCStringArray(const char**& out, std::size_t count);
+    // A text of `count` times `fill`, terminated, in a buffer of count + 1 bytes.
+    static std::size_t GetCharArray(std::size_t count, char** out, char fill);
+
+    // Copying
+    // Copies *length bytes when `length` is given and not 0, without a look at where `source` ends;
+    // otherwise the whole text. An empty or null source is refused.
+    static bool Copy(const char* const source, char** copy, std::size_t* length);
+    // At most *length characters when given and not 0. An empty source gives an empty text and
+    // true.
+    static bool Copy(const wchar_t* source, wchar_t** copy, std::size_t* length);
+    // Appends a copy, which the caller releases from the vector, and then, when `deleteSource` is
+    // true, releases `source` and nulls it. On failure nothing is changed.
+    static bool Copy(const char*& source, std::vector<char*>& out, bool deleteSource,
+                     std::size_t* length);
+
+    // Concatenation: the first form takes null as empty; the second gives null for a null input.
+    static std::string Concat(const char* const first, const char* const second);
+    static void Concat(const char* const first, const char* const second, char** out);
+
+    // Comparison: bytewise, use the sign of the result; null orders before any text.
+    static int Compare(const char* const first, const char* const second);
+    static int Compare(bool ignoreCase, const char* const first, const char* const second);
+    static int Compare(bool ignoreCase, std::string first, std::string second);
+
+    // Searching: positions, -1 for not found.
+    // First occurrence of the substring. Throws std::invalid_argument "Input arguments cannot be
+    // NULL or empty strings.".
+    static int Find(const char* const text, const char* const sub);
+    // First position of any character of the set. Throws std::invalid_argument "Input arguments
+    // cannot be a nullptr or an empty string.".
+    static int IndexOf(const char* const text, const char* const chars);
+    // Last position of any character of the set. Throws std::invalid_argument "Input arguments
+    // cannot be a nullptr or empty strings.".
+    static int LastIndexOf(const char* const text, const char* const chars);
+    // An empty `sub` is contained. Throws std::invalid_argument "Input arguments cannot be a
+    // nullptr."
+    static bool Contains(const char* const text, const char* const sub);
+    static std::size_t CharacterCount(char character, const char* const text);
+    // True when each of the first *count characters of `text` (all of them without `count`, or when
+    // it is 0) occurs in `allowed`. Null or empty gives false.
+    static bool IsInRange(const char*& allowed, const char* const text, std::size_t* count);
+
+    // Prefix and suffix: THE PATTERN COMES FIRST, the text second. False if either is empty.
+    // Throw std::invalid_argument "Input arguments cannot be NULL." (StartWith), "Input arguments
+    // cannot be a nullptr." (EndWith).
+    static bool StartWith(const char* const prefix, const char* const text);
+    static bool StartWith(bool ignoreCase, const char* const prefix, const char* const text);
+    static bool EndWith(const char* const suffix, const char* const text);
+    static bool EndWith(bool ignoreCase, const char* const suffix, const char* const text);
+
+    // Substrings: refused unless 0 < count and start + count lies within the text; a refused
+    // std::string is left unchanged.
+    static bool SubString(const char* const text, std::size_t start, std::size_t count,
+                          std::string& out);
+    static bool SubString(const char* const text, std::size_t start, std::size_t count, char** out);
+    // Raw bytes: the caller vouches for text[start .. start + count). A failed std::string is
+    // cleared.
+    static bool GetBytes(const char* const text, std::size_t start, std::size_t count, char** out);
+    static bool GetBytes(const char* const text, std::size_t start, std::size_t count,
+                         std::string& out);
+
+    // Replacement: THE ORDER IS input, replacement, pattern. One pass from the left; occurrences
+    // do not overlap and a replacement is not searched again. A null replacement counts as empty;
+    // an empty input or pattern gives the input. Null input throws std::invalid_argument "Argument
+    // "aInputStr" cannot be a nullptr.".
+    static std::string Replace(const std::string& aInputStr, const std::string& replacement,
+                               const std::string& pattern);
+    static std::string Replace(const char* const aInputStr, const char* const replacement,
+                               const char* const pattern);
+    static void Replace(const char* const aInputStr, const char* const replacement,
+                        const char* const pattern, char** out);
+
+    // Case: ASCII letters only. A null input throws std::invalid_argument "Input argument cannot
+    // be a nullptr."; the char** form, also for an empty input or a null output, "Input arguments
+    // cannot be a nullptr.". The char** form leaves *out null when it throws.
+    static std::string ToLower(const std::string& text);
+    static std::string ToLower(const char* const text);
+    static void ToLower(const char* const text, char** out);
+    static std::string ToUpper(const std::string& text);
+    static std::string ToUpper(const char* const text);
+    static void ToUpper(const char* const text, char** out);
+
+    // Trimming
+    // Allocates nothing: points into `text` and gives the number of characters that remain. A text
+    // of blanks gives its last character and length 0.
+    static const char* Trim(const char* const text, std::size_t& length, bool trimStart,
+                            bool trimEnd);
+    // Null throws std::invalid_argument "Input argument cannot be a nullptr.".
+    static std::string Trim(const char* const text);
+    static std::string TrimStart(const char* const text);
+    static std::string TrimEnd(const char* const text);
+    static std::string Trim(const std::string& text);
+    // These trim only when a PLAIN SPACE stands at the end concerned, and then take every blank
+    // there. A null or empty input gives an empty text; exhausted memory gives null.
+    static void Trim(const char* const text, char** out);
+    static void TrimStart(const char* const text, char** out);
+    static void TrimEnd(const char* const text, char** out);
+    // Trims both ends. When nothing remains, or on failure, releases what *out held and gives
+    // false.
+    static bool MemCopyTrimmedString(const char* const text, char** out);
+
+    // Key=value text, split at the first "=". A text without key and "=" throws
+    // std::invalid_argument "Invalid input string. Input string must be in "key=value" format.".
+    // The key is trimmed at its end; a pair shorter than three characters has none.
+    static std::string GetKeyFromKeyValuePair(const char* const pair);
+    // A null `key` throws std::invalid_argument "ERROR: Input parameters cannot be NULL or an empty
+    // string and must be given in format "key=value".".
+    static void GetKeyFromKeyValuePair(const char* const pair, char** key);
+    // The value is everything after the "=", blanks included.
+    static std::string GetValueFromKeyValuePair(const char* const pair);
+    // An empty value gives null. A null `value` throws std::invalid_argument "ERROR: Input
+    // parameters cannot be a nullptr or an empty string and must be given in format "key=value".".
+    static void GetValueFromKeyValuePair(const char* const pair, char** value);
+
+    // Tokens: THE DELIMITERS COME FIRST, a set of characters. Runs of delimiters separate once, so
+    // no token is empty. Without a token false with null and 0; null or empty arguments give false
+    // with the outputs untouched. The caller releases with DeleteCStringArray.
+    static bool Tokenize(const char* const delimiters, const char* const text, char**& tokens,
+                         std::size_t& count);
+
+    // Growing an array of owned strings. A null array goes with count 0, a non-null one with more;
+    // a broken pair is refused. The array grows at its end (`append`) or at its front; old strings
+    // are moved. On failure the arguments are left unchanged.
+    static bool AddEntryToStringArray(char**& array, const char* const entry, std::size_t& count,
+                                      bool append);
+    // Null slots are skipped, those of `array` dropped. Entries are copied, or taken over and then
+    // `entries` is cleared. The pair of `array` and `count` is not checked here.
+    static bool AddEntriesToStringArray(char**& array, std::size_t& count,
+                                        std::vector<char*>& entries, bool append, bool copyEntries);
+    // As above from another array, which is released when its strings are taken over.
+    static bool AddEntriesToStringArray(char**& array, char**& source, std::size_t& count,
+                                        std::size_t& sourceCount, bool append, bool takeOver);
+
+    // An array of `count` null pointers to vectors that the caller creates, and deletes before the
+    // array is released: the second function frees the array only. A count of 0 gives 0 and leaves
+    // `containers` untouched; exhausted memory gives 0 and null.
+    static std::size_t GetCStringVectorContainerArray(std::size_t count,
+                                                      std::vector<const char*>**& containers);
+    static void DeleteCStringVectorContainerArray(std::size_t count,
+                                                  std::vector<const char*>**& containers);
+
+    // Base64 (RFC 4648, padded, no line breaks)
+    // No data, or a null argument: false with the output untouched.
+    static bool Base64Encode(const unsigned char* data, std::size_t size, char** encoded);
+    // The first character outside the alphabet ends the input silently. The result may hold NUL
+    // bytes: use `length`. A null or empty argument: false with the outputs untouched.
+    static bool Base64Decode(const char* const encoded, char** decoded, std::size_t& length);
+
+    // Narrow and wide text in the process's C locale. In the "C" locale bytes are U+0000 to
+    // U+00FF. The first succeeds only when every byte gives one character.
+    static bool ConvertFromCharToWChar(const char* const text, wchar_t** wide);
+    // Throws std::runtime_error "Failed to convert data from wchar to char." for a character that
+    // the locale lacks, with the output null. A null or empty input gives null.
+    static void ConvertFromWCharToChar(const wchar_t* wide, char** text);
+
+    // UTF-8 and UTF-16. Lengths are in bytes and in 16-bit units, terminators not counted.
+    static bool ConvertFromMultiByteCharToWChar(const char* const text, std::size_t textLength,
+                                                wchar_t** wide, std::size_t* wideLength);
+    // THE OUTPUT COMES FIRST.
+    static bool ConvertFromWCharToMultiByteChar(char** text, const wchar_t* wide,
+                                                std::size_t wideLength, std::size_t* textLength);
+
+    // Numbers to text, as the standard streams write them. An empty result says that the width was
+    // below the minimum or that the formatting failed.
+    // Justified: 'L' fills with blanks on the right and ignores `zeroFill`; any other selector
+    // fills on the left, with zeros behind the sign when `zeroFill` is on, else with blanks and
+    // WITHOUT a plus sign whatever `showPlus` says. Wider values are not cut. The width is at least
+    // 1, with `showPlus` at least 2.
+    static std::string ToString(char justification, int value, std::uint64_t width, bool showPlus,
+                                bool zeroFill);
+    static std::string ToString(char justification, long value, std::uint64_t width, bool showPlus,
+                                bool zeroFill);
+    static std::string ToString(char justification, std::int64_t value, std::uint64_t width,
+                                bool showPlus, bool zeroFill);
+    static std::string ToString(char justification, std::uint64_t value, std::uint64_t width,
+                                bool showPlus, bool zeroFill);
+    // THE WIDTH COMES BEFORE THE VALUE in this one.
+    static std::string ToString(char justification, std::uint64_t width, unsigned int value,
+                                bool showPlus, bool zeroFill);
+    // Fixed notation, point always shown. The width must exceed precision + 1, with `showPlus`
+    // precision + 2.
+    static std::string ToString(char justification, double value, std::uint64_t width,
+                                std::uint64_t precision, bool showPlus, bool zeroFill);
+    static std::string ToString(int value);
+    static std::string ToString(unsigned int value);
+    static std::string ToString(long value);
+    static std::string ToString(unsigned long value);
+    static std::string ToString(std::int64_t value);
+    static std::string ToString(std::uint64_t value);
+    // Digits after the point; a negative precision means 20.
+    static std::string ToString(double value, bool scientific, int precision);
+    static bool ToString(char** out, double value, bool scientific, int precision);
+
+ private:
+    TEVUtilString() = default;
+    ~TEVUtilString() = default;
+};
+
+}  // namespace TAMO::TEV::System::Util

@@ -1,0 +1,91 @@
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+#include <windows.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/Errors.h"
+#include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/LocaleText.h"
+
+namespace TAMO::TEV::System::Util {
+
+namespace {
+
+constexpr std::size_t kMaxCount = 0x7fffffff;
+
+template <typename Char>
+void Reset(Char** text, std::size_t* length) {
+    if (text != nullptr) *text = nullptr;
+    if (length != nullptr) *length = 0;
+}
+
+template <typename Owned, typename Char>
+bool Commit(Owned& made, int size, Char** text, std::size_t* length) {
+    *text = made.release();
+    if (length != nullptr) *length = static_cast<std::size_t>(size);
+    return true;
+}
+
+}  // namespace
+
+bool TEVUtilString::ConvertFromCharToWChar(const char* const text, wchar_t** wide) try {
+    if (wide == nullptr) return false;
+    *wide = nullptr;
+    const std::size_t length = detail::OrEmpty(text).size();
+    if (length == 0 || length + 2 >= kMaxCount) return false;
+    // KEEP: room for one character more than the terminator needs.
+    detail::OwnedWideText converted = detail::MakeWideText(length + 1);
+    if (std::mbstowcs(converted.get(), text, length) != length) return false;
+    *wide = converted.release();
+    return true;
+} catch (...) {
+    return false;
+}
+
+void TEVUtilString::ConvertFromWCharToChar(const wchar_t* wide, char** text) try {
+    if (text == nullptr) return;
+    *text = nullptr;
+    *text = detail::ToLocale(wide).release();
+} catch (...) {
+    detail::RethrowTranslated();
+}
+
+bool TEVUtilString::ConvertFromMultiByteCharToWChar(const char* const text, std::size_t textLength,
+                                                    wchar_t** wide, std::size_t* wideLength) try {
+    Reset(wide, wideLength);
+    // KEEP: the system takes the count as 32 bits; one that reads as negative there makes it
+    // convert up to the terminator.
+    const auto count = static_cast<int>(static_cast<std::uint32_t>(textLength));
+    if (text == nullptr || textLength == 0 || wide == nullptr ||
+        count == std::numeric_limits<int>::max())
+        return false;
+    const int size = MultiByteToWideChar(CP_UTF8, 0, text, count, nullptr, 0);
+    if (size <= 0) return false;
+    detail::OwnedWideText converted = detail::MakeWideText(static_cast<std::size_t>(size));
+    return MultiByteToWideChar(CP_UTF8, 0, text, count, converted.get(), size) == size &&
+           Commit(converted, size, wide, wideLength);
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ConvertFromWCharToMultiByteChar(char** text, const wchar_t* wide,
+                                                    std::size_t wideLength,
+                                                    std::size_t* textLength) try {
+    Reset(text, textLength);
+    if (wide == nullptr || wideLength == 0 || wideLength >= kMaxCount || text == nullptr)
+        return false;
+    const auto count = static_cast<int>(wideLength);
+    const int size = WideCharToMultiByte(CP_UTF8, 0, wide, count, nullptr, 0, nullptr, nullptr);
+    if (size < count) return false;
+    detail::OwnedText converted = detail::MakeText(static_cast<std::size_t>(size));
+    return WideCharToMultiByte(CP_UTF8, 0, wide, count, converted.get(), size, nullptr, nullptr) ==
+               size &&
+           Commit(converted, size, text, textLength);
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

@@ -1,0 +1,134 @@
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+#include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/Padding.h"
+
+namespace TAMO::TEV::System::Util {
+
+namespace {
+
+using Flags = std::ios_base::fmtflags;
+
+constexpr Flags kNoFlags{};
+constexpr int kDefaultPrecision = 20;
+// No double has more digits behind the point than this: what follows are zeros.
+constexpr std::uint64_t kMaxPrecision = 1100;
+
+template <typename T>
+std::string Format(T value, Flags flags, std::uint64_t precision = 0) {
+    std::ostringstream stream;
+    stream.exceptions(std::ios::badbit | std::ios::failbit);
+    stream.setf(flags);
+    stream.precision(static_cast<std::streamsize>(precision));
+    stream << value;
+    return stream.str();
+}
+
+// Streams format on the stack, which a large precision would overrun.
+std::string FormatDouble(double value, Flags flags, std::uint64_t precision) {
+    std::string text = Format(value, flags, std::min(precision, kMaxPrecision));
+    if (precision > kMaxPrecision && std::isfinite(value))
+        text.insert(std::min(text.find('e'), text.size()), precision - kMaxPrecision, '0');
+    return text;
+}
+
+Flags ShowPlusIf(bool on) { return on ? std::ios::showpos : kNoFlags; }
+
+// KEEP: filled with blanks on the left, a number never shows a plus sign.
+bool ShowsPlus(char justification, bool showPlus, bool zeroFill) {
+    return showPlus && (justification == 'L' || zeroFill);
+}
+
+detail::Fill FillOf(char justification, bool zeroFill) {
+    if (justification == 'L') return detail::Fill::BlanksRight;
+    return zeroFill ? detail::Fill::ZerosBehindSign : detail::Fill::BlanksLeft;
+}
+
+template <typename T>
+std::string Justify(char justification, T value, std::uint64_t width, bool showPlus,
+                    bool zeroFill) try {
+    if (width < (showPlus ? 2U : 1U)) return {};
+    const Flags flags = ShowPlusIf(ShowsPlus(justification, showPlus, zeroFill));
+    return detail::Pad(Format(value, flags), width, FillOf(justification, zeroFill));
+} catch (...) {
+    return {};
+}
+
+template <typename T>
+std::string Plain(T value) try {
+    return Format(value, kNoFlags);
+} catch (...) {
+    return {};
+}
+
+std::string FormatReal(double value, bool scientific, int precision) {
+    return FormatDouble(value, scientific ? std::ios::scientific : std::ios::fixed,
+                        static_cast<std::uint64_t>(precision < 0 ? kDefaultPrecision : precision));
+}
+
+}  // namespace
+
+std::string TEVUtilString::ToString(char justification, int value, std::uint64_t width,
+                                    bool showPlus, bool zeroFill) {
+    return Justify(justification, value, width, showPlus, zeroFill);
+}
+
+std::string TEVUtilString::ToString(char justification, long value, std::uint64_t width,
+                                    bool showPlus, bool zeroFill) {
+    return Justify(justification, value, width, showPlus, zeroFill);
+}
+
+std::string TEVUtilString::ToString(char justification, std::int64_t value, std::uint64_t width,
+                                    bool showPlus, bool zeroFill) {
+    return Justify(justification, value, width, showPlus, zeroFill);
+}
+
+std::string TEVUtilString::ToString(char justification, std::uint64_t value, std::uint64_t width,
+                                    bool showPlus, bool zeroFill) {
+    return Justify(justification, value, width, showPlus, zeroFill);
+}
+
+// KEEP: here the width comes before the value.
+std::string TEVUtilString::ToString(char justification, std::uint64_t width, unsigned int value,
+                                    bool showPlus, bool zeroFill) {
+    return Justify(justification, value, width, showPlus, zeroFill);
+}
+
+std::string TEVUtilString::ToString(char justification, double value, std::uint64_t width,
+                                    std::uint64_t precision, bool showPlus, bool zeroFill) try {
+    const std::uint64_t besidesDigits = showPlus ? 2 : 1;
+    if (width <= precision || width - precision <= besidesDigits) return {};
+    const Flags flags = std::ios::fixed | std::ios::showpoint |
+                        ShowPlusIf(ShowsPlus(justification, showPlus, zeroFill));
+    return detail::Pad(FormatDouble(value, flags, precision), width,
+                       FillOf(justification, zeroFill));
+} catch (...) {
+    return {};
+}
+
+std::string TEVUtilString::ToString(int value) { return Plain(value); }
+std::string TEVUtilString::ToString(unsigned int value) { return Plain(value); }
+std::string TEVUtilString::ToString(long value) { return Plain(value); }
+std::string TEVUtilString::ToString(unsigned long value) { return Plain(value); }
+std::string TEVUtilString::ToString(std::int64_t value) { return Plain(value); }
+std::string TEVUtilString::ToString(std::uint64_t value) { return Plain(value); }
+
+std::string TEVUtilString::ToString(double value, bool scientific, int precision) try {
+    return FormatReal(value, scientific, precision);
+} catch (...) {
+    return {};
+}
+
+bool TEVUtilString::ToString(char** out, double value, bool scientific, int precision) try {
+    if (out == nullptr) return false;
+    *out = nullptr;
+    return detail::HandOutUnlessEmpty(FormatReal(value, scientific, precision), out);
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Letters and blanks of ASCII, whatever the locale; every other byte is left alone.
+namespace TAMO::TEV::System::Util::detail {
+
+// Space, tab, line feed, vertical tab, form feed, carriage return.
+constexpr bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+constexpr char ToUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+
+std::string ToLower(std::string_view text);
+std::string ToUpper(std::string_view text);
+
+// -1, 0 or 1: unsigned bytes, then length.
+int Compare(std::string_view first, std::string_view second);
+int CompareIgnoringCase(std::string_view first, std::string_view second);
+bool EqualsIgnoringCase(std::string_view first, std::string_view second);
+
+// Without the blanks at the ends asked for. Of a text of blanks nothing is left, at its last
+// character when the start was trimmed.
+std::string_view Trim(std::string_view text, bool start = true, bool end = true);
+
+// A null pointer counts as the empty text.
+inline std::string_view OrEmpty(const char* text) {
+    return text == nullptr ? std::string_view() : std::string_view(text);
+}
+
+// The rule for names, values and paths: trimmed at both ends, but only when a plain space stands at
+// one of them.
+std::string_view TrimIfSpaced(std::string_view text);
+
+}  // namespace TAMO::TEV::System::Util::detail

@@ -1,0 +1,37 @@
+#include "TEVSystemLib/util/string/detail/Errors.h"
+
+#include <new>
+#include <stdexcept>
+
+namespace TAMO::TEV::System::Util::detail {
+
+namespace {
+
+// Made at load: a copy of it is thrown without an allocation, when there is no memory left to make
+// it.
+const std::runtime_error kOutOfMemory(
+    "Failed to allocate enough memory to perform requested operation.");
+
+}  // namespace
+
+void ThrowInvalidArgument(const char* message) { throw std::invalid_argument(message); }
+
+void ThrowRuntimeError(const char* message) { throw std::runtime_error(message); }
+
+void ThrowInternalError() { ThrowRuntimeError("Internal system errors encountered."); }
+
+void RethrowTranslated() {
+    try {
+        throw;
+    } catch (const std::invalid_argument&) {
+        throw;
+    } catch (const std::runtime_error&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw kOutOfMemory;
+    } catch (...) {
+        ThrowRuntimeError("Exception caught while carrying out requested operation.");
+    }
+}
+
+}  // namespace TAMO::TEV::System::Util::detail

@@ -1,0 +1,127 @@
+#include <TEVSystemLib/util/windows/TEVUtilWindows.h>
+#include <windows.h>
+
+#include <cstdlib>
+#include <cwchar>
+#include <map>
+
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/Errors.h"
+#include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/LocaleText.h"
+#include "TEVSystemLib/util/windows/detail/EnvironmentList.h"
+#include "TEVSystemLib/util/windows/detail/Handle.h"
+#include "TEVSystemLib/util/windows/detail/ProcessEnvironment.h"
+
+namespace TAMO::TEV::System::Util {
+
+namespace {
+
+constexpr std::size_t kMaxValueLength = 32766;
+constexpr int kAdd = 0;
+constexpr int kRemove = 1;
+
+struct EnvironmentBlockTraits {
+    using Type = wchar_t*;
+    static wchar_t* Invalid() { return nullptr; }
+    static void Close(wchar_t* block) { FreeEnvironmentStringsW(block); }
+};
+
+std::string Trimmed(const char* text) {
+    return std::string(detail::TrimIfSpaced(detail::OrEmpty(text)));
+}
+
+std::map<std::string, std::string> Variables(const wchar_t* block) {
+    std::map<std::string, std::string> variables;
+    for (const wchar_t* entry = block; *entry != L'\0'; entry += std::wcslen(entry) + 1) {
+        const detail::OwnedText text = detail::ToLocaleIfPossible(entry);
+        if (const auto split = detail::SplitEnvironmentEntry(detail::OrEmpty(text.get())))
+            variables.emplace(split->name, split->value);
+    }
+    return variables;
+}
+
+}  // namespace
+
+void TEVUtilWindows::GetEnv(const char* const name, char** value) try {
+    if (value == nullptr) return;
+    *value = nullptr;
+    if (const auto read = detail::ReadVariable(detail::OrEmpty(name)))
+        detail::HandOut(*read, value);
+} catch (...) {
+    return;
+}
+
+void TEVUtilWindows::GetPathEnvVariable(const char* const name, char** value) try {
+    if (value == nullptr) return;
+    *value = nullptr;
+    if (const auto read = detail::ReadPathVariable(detail::OrEmpty(name)))
+        detail::HandOut(*read, value);
+} catch (...) {
+    detail::ThrowRuntimeError(
+        "Runtime error encountered while retrieving Windows System encironment variable.");
+}
+
+bool TEVUtilWindows::EnvironmentVariableExists(const char* const name) {
+    return detail::TryReadVariable(detail::OrEmpty(name)).has_value();
+}
+
+bool TEVUtilWindows::GetCurrentProcessEnvironmentVariables(char**& names, char**& values,
+                                                           std::size_t& count) try {
+    names = nullptr;
+    values = nullptr;
+    count = 0;
+    const detail::Handle<EnvironmentBlockTraits> block(GetEnvironmentStringsW());
+    if (!block) return false;
+    const auto variables = Variables(block.get());
+    if (variables.empty()) return false;
+    detail::OwnedTexts nameTexts(variables.size());
+    detail::OwnedTexts valueTexts(variables.size());
+    std::size_t i = 0;
+    for (const auto& [name, value] : variables) {
+        nameTexts.Set(i, detail::MakeText(name));
+        valueTexts.Set(i, detail::MakeText(value));
+        ++i;
+    }
+    names = nameTexts.release();
+    values = valueTexts.release();
+    count = variables.size();
+    return true;
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilWindows::SetSessionEnvironmentVariable(const char* const name,
+                                                   const char* const value) try {
+    const std::string variable = Trimmed(name);
+    const std::string text = Trimmed(value);
+    if (variable.empty() || text.size() > kMaxValueLength) return false;
+    const BOOL isSet =
+        SetEnvironmentVariableA(variable.c_str(), text.empty() ? nullptr : text.c_str());
+    // The C runtime keeps a copy of its own, which must agree.
+    _putenv_s(variable.c_str(), text.c_str());
+    return isSet == TRUE;
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilWindows::ModifySessionEnvironmentVariable(const char* const name,
+                                                      const char* const value, bool prepend,
+                                                      int operation) try {
+    const std::string variable = Trimmed(name);
+    const std::string element = Trimmed(value);
+    if (variable.empty() || element.empty()) return false;
+    const auto list = detail::ReadVariable(variable);
+    // KEEP: a variable that is not set is never created here.
+    if (!list || (operation != kAdd && operation != kRemove)) return false;
+    if (operation == kRemove)
+        return SetSessionEnvironmentVariable(variable.c_str(),
+                                             detail::RemoveFromList(*list, element).c_str());
+    const auto place = prepend ? detail::ListPlace::Front : detail::ListPlace::Back;
+    const auto longer = detail::AddToList(*list, element, place);
+    return !longer || SetSessionEnvironmentVariable(variable.c_str(), longer->c_str());
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Text between the process's ANSI code page and UTF-16; the only place where it is converted. What
+// the other side lacks comes out as the system's replacement character.
+namespace TAMO::TEV::System::Util::detail {
+
+std::wstring FromAnsi(std::string_view text);
+std::string ToAnsi(std::wstring_view text);
+
+}  // namespace TAMO::TEV::System::Util::detail

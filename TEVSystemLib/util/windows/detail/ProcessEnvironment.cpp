@@ -1,0 +1,68 @@
+#include "TEVSystemLib/util/windows/detail/ProcessEnvironment.h"
+
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+#include <windows.h>
+
+#include <algorithm>
+
+#include "TEVSystemLib/util/file/detail/PathText.h"
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/LocaleText.h"
+
+namespace TAMO::TEV::System::Util::detail {
+
+namespace {
+
+constexpr std::size_t kEnvironmentBufferChars = 32802;
+// The system's limit of a value with its terminator; Wine 8 misreads a larger buffer size.
+constexpr std::size_t kMaxEnvironmentSize = 32767;
+constexpr int kMaxAttempts = 10;
+
+OwnedWideText ToWide(std::string_view name) {
+    wchar_t* wide = nullptr;
+    TEVUtilString::ConvertFromCharToWChar(std::string(name).c_str(), &wide);
+    return OwnedWideText(wide);
+}
+
+// Null when the variable is not set.
+OwnedWideText ReadWide(const wchar_t* name) {
+    std::size_t bufferChars = kEnvironmentBufferChars;
+    for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
+        OwnedWideText value = MakeWideText(bufferChars - 1);
+        const auto size = static_cast<DWORD>(std::min(bufferChars, kMaxEnvironmentSize));
+        const DWORD length = GetEnvironmentVariableW(name, value.get(), size);
+        if (length == 0) return nullptr;
+        if (length < size) {
+            value[length] = L'\0';
+            return value;
+        }
+        bufferChars = std::size_t{length} + 2;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadVariable(std::string_view name) {
+    const OwnedWideText wideName = ToWide(TrimIfSpaced(name));
+    if (!wideName) return std::nullopt;
+    const OwnedWideText value = ReadWide(wideName.get());
+    if (!value) return std::nullopt;
+    return ToLocale(value.get()).get();
+}
+
+std::optional<std::string> ReadPathVariable(std::string_view name) {
+    const auto value = ReadVariable(name);
+    if (!value) return std::nullopt;
+    // KEEP: a forward slash, although folders elsewhere end with a backslash.
+    return WithEndingSeparator(std::string(TrimIfSpaced(*value)), '/');
+}
+
+std::optional<std::string> TryReadVariable(std::string_view name) noexcept try {
+    return ReadVariable(name);
+} catch (...) {
+    return std::nullopt;
+}
+
+}  // namespace TAMO::TEV::System::Util::detail

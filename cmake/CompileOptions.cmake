@@ -1,0 +1,20 @@
+# tev_options: what every target of this project is compiled with. Link it PRIVATE.
+add_library(tev_options INTERFACE)
+target_include_directories(tev_options INTERFACE ${PROJECT_SOURCE_DIR})
+if(MSVC)
+    target_compile_options(tev_options INTERFACE /W4 /WX /permissive- /utf-8)
+else()
+    target_compile_options(tev_options INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+        # Two checkouts of one commit compile to the same bytes, and share a compiler cache.
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+endif()
+if(TEV_COVERAGE)
+    target_compile_options(tev_options INTERFACE --coverage -O0)
+    target_link_options(tev_options INTERFACE --coverage)
+endif()
+if(TEV_SANITIZE)
+    target_compile_options(tev_options INTERFACE -fsanitize=address,undefined
+        -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tev_options INTERFACE -fsanitize=address,undefined)
+endif()

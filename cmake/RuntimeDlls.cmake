@@ -1,0 +1,17 @@
+# tev_runtime_dlls: what TEVSystemLib.dll needs beside itself, GDAL's DLL and the compiler's.
+get_target_property(gdal_dll GDAL::GDAL IMPORTED_LOCATION_RELEASE)
+set(tev_runtime_dlls ${gdal_dll})
+if(MINGW)
+    foreach(name libstdc++-6 libgcc_s_seh-1 libwinpthread-1)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}.dll
+            OUTPUT_VARIABLE dll OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+        if(NOT EXISTS ${dll})
+            set(dll /usr/${TEV_MINGW_TRIPLET}/lib/${name}.dll)
+        endif()
+        if(NOT EXISTS ${dll})
+            message(FATAL_ERROR "${name}.dll was not found; install the posix variant of g++-mingw-w64")
+        endif()
+        list(APPEND tev_runtime_dlls ${dll})
+    endforeach()
+endif()
+file(COPY ${tev_runtime_dlls} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})

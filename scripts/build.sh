@@ -1,0 +1,97 @@
+# Sourced: the verbs of ./tev.
+
+product=$root/build/mingw-release
+
+no_arguments() { [ "$1" -eq 0 ] || die "this verb takes no arguments; see ./tev help"; }
+
+need_all() {
+    need_packages "${packages_build[@]}"
+    need_gdal
+    need_wine
+    TEV_GDAL_PREFIX=$(gdal_prefix)
+    export TEV_GDAL_PREFIX
+}
+
+# build PRESET [TARGET...]: quiet when all goes well.
+build() {
+    local preset=$1 log=$root/build/$1.log target=()
+    shift
+    [ $# -eq 0 ] || target=(--target "$@")
+    mkdir -p "$root/build"
+    export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
+    say "building ($preset)"
+    (cd "$root" && cmake --preset "$preset" && cmake --build --preset "$preset" "${target[@]}") \
+        >"$log" 2>&1 || {
+        grep -E 'error|Error|FAILED|undefined' "$log" | head -n 20 >&2
+        die "the build failed; see $log"
+    }
+}
+
+verb_demo() {
+    no_arguments $#
+    need_all
+    build mingw-release tevsys
+    "$root/scripts/demo.sh"
+}
+
+verb_install() {
+    [ $# -eq 1 ] || die "usage: ./tev install DIR"
+    need_all
+    build mingw-release TEVSystemLib
+    cmake --install "$product" --prefix "$(realpath -m "$1")" >"$root/build/install.log" ||
+        die "could not install into $1; see $root/build/install.log"
+    say "installed into $1"
+}
+
+verb_run() {
+    [ $# -ge 1 ] || die "usage: ./tev run PROGRAM ARGS..."
+    local program=$1
+    shift
+    need_all
+    [ -e "$program" ] || program=$product/bin/${program%.exe}.exe
+    [ -e "$program" ] || die "no such program: $program; build it with ./tev test or ./tev demo"
+    WINEPATH="$product/bin" exec "$root/scripts/wine.sh" "$program" "$@"
+}
+
+verb_test() {
+    no_arguments $#
+    need_packages "${packages_check[@]}"
+    need_all
+    build mingw-release
+    build host
+    local preset failed=0 passed=0
+    for preset in mingw-release host; do run_tests "$preset"; done
+    say "tests: the product under Wine, the platform-free code natively"
+    printf '%d passed, %d failed\n' "$passed" "$failed"
+    [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
+}
+
+# run_tests PRESET: adds to passed and failed, in tests of a GoogleTest program and in whole checks.
+run_tests() {
+    local preset=$1 dir=$root/build/$1 report lost
+    rm -rf "$dir/reports" "$dir/Testing"
+    say "testing ($preset)"
+    (cd "$root" && ctest --preset "$preset") || true
+    local results=$dir/Testing/Temporary/LastTestsFailed.log checks=0 broken=0
+    checks=$(cd "$dir" && ctest -N -L check | sed -n 's/^Total Tests: //p')
+    local programs
+    programs=$(cd "$dir" && ctest -N -L gtest | sed -n 's/^Total Tests: //p')
+    if [ -e "$results" ]; then
+        broken=$(cd "$dir" && ctest -N -L check | sed -n 's/.*Test *#[0-9]*: //p' |
+            grep -cxFf <(sed 's/^[0-9]*://' "$results") || true)
+    fi
+    passed=$((passed + checks - broken))
+    failed=$((failed + broken))
+    lost=$programs
+    for report in "$dir"/reports/*.xml; do
+        [ -e "$report" ] || continue
+        local tests failures
+        tests=$(sed -n '2s/.* tests="\([0-9]*\)".*/\1/p' "$report")
+        failures=$(sed -n '2s/.* failures="\([0-9]*\)".*/\1/p' "$report")
+        passed=$((passed + tests - failures))
+        failed=$((failed + failures))
+        lost=$((lost - 1))
+    done
+    failed=$((failed + lost))
+}

@@ -1,0 +1,29 @@
+# Sourced: installs the Debian packages that a verb needs and the machine lacks.
+
+packages_build=(g++-mingw-w64-x86-64-posix wine64 cmake ninja-build libcli11-dev googletest ccache)
+packages_gdal=(dpkg-dev sqlite3 tcl g++ make)
+packages_check=(clang-format-14 clang-tidy-14 git g++)
+
+# need_packages NAME...: no output and no root needed when all are there.
+need_packages() {
+    local missing=() name
+    for name in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null)" = installed ] ||
+            missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    local as_root=()
+    if [ "$(id -u)" != 0 ]; then
+        command -v sudo >/dev/null ||
+            die "missing packages: ${missing[*]}; run as root: apt-get install ${missing[*]}"
+        as_root=(sudo)
+    fi
+    mkdir -p "$cache" || die "cannot create the cache folder $cache; set TEV_CACHE to another one"
+    say "installing packages: ${missing[*]}"
+    local log=$cache/packages.log
+    "${as_root[@]}" apt-get update >"$log" 2>&1 ||
+        die "apt-get update failed; see $log, check the network and run again"
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}" >>"$log" 2>&1 ||
+        die "could not install ${missing[*]}; see $log, mend it and run again"
+}

@@ -1,0 +1,21 @@
+# Sourced: the Wine prefix, made once aside and then renamed.
+need_wine() {
+    [ -d "$cache/wine" ] && return
+    mkdir -p "$cache" || die "cannot create the cache folder $cache; set TEV_CACHE to another one"
+    (
+        flock 9
+        [ -d "$cache/wine" ] && exit
+        rm -rf "$cache"/making-wine.*
+        local work
+        work=$(mktemp -d "$cache/making-wine.XXXXXX")
+        trap 'rm -rf "$work"' EXIT
+        say "making a Wine prefix, once"
+        export WINEDLLOVERRIDES='mscoree=;mshtml='
+        WINEPREFIX=$work "$root/scripts/wine.sh" wineboot -i >"$cache/wine.log" 2>&1 ||
+            die "Wine could not make its prefix; see $cache/wine.log, mend it and run again"
+        WINEPREFIX=$work /usr/lib/wine/wineserver64 -w
+        [ -f "$work/system.reg" ] ||
+            die "Wine left no registry in its prefix; see $cache/wine.log, mend it and run again"
+        mv -T "$work" "$cache/wine"
+    ) 9>"$cache/wine.lock" || exit 1
+}

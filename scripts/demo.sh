@@ -38,7 +38,7 @@ run() {
     error=$(as_shown "$(<"$work/error")")
     printf '\n$ tevsys'
     printf ' %q' "$@"
-    printf '\n%s' "${shown:+$shown$'\n'}" "${error:+on standard error: $error$'\n'}"
+    printf '\n%s%s' "${shown:+$shown$'\n'}" "${error:+on standard error: $error$'\n'}"
     printf '(exit code %s)\n' "$code"
 }
 
@@ -48,7 +48,8 @@ expect() {
     [ $# -lt 2 ] || [ "$shown" = "$2" ] || die "the demo expected: $2"
 }
 
-plain_path=$(TEV_SYS_CONFIG_DIR='' "$root/scripts/wine.sh" "$tevsys" env | sed -n 's/^PATH=//Ip')
+plain_path=$(TEV_SYS_CONFIG_DIR='' "$root/scripts/wine.sh" "$tevsys" env | sed -n 's/^PATH=//Ip') ||
+    die "tevsys does not run"
 
 heading "demo: what a host sees ({DEMO} is $place, {PATH} the old PATH)"
 run demo

@@ -26,7 +26,8 @@ need_gdal() {
         free=$(free_megabytes "$cache")
         [ "$free" -ge "$gdal_needed_megabytes" ] ||
             die "GDAL needs $gdal_needed_megabytes MB to build and $cache has $free; free some or set TEV_CACHE"
-        gdal_work=$(mktemp -d "$cache/building-gdal.XXXXXX")
+        gdal_work=$(mktemp -d "$cache/building-gdal.XXXXXX") ||
+            die "cannot write to $cache; set TEV_CACHE to another folder"
         gdal_log=$cache/gdal.log
         : >"$gdal_log"
         trap 'rm -rf "$gdal_work"' EXIT
@@ -47,8 +48,8 @@ need_gdal() {
             -DPROJ_LIBRARY="$gdal_work/out/lib/libproj.a" \
             -DSQLite3_INCLUDE_DIR="$gdal_work/out/include" \
             -DSQLite3_LIBRARY="$gdal_work/out/lib/libsqlite3.a"
-        gdal_licences
-        mv -T "$gdal_work/out" "$prefix"
+        gdal_licences || gdal_fail "the licences of GDAL and its parts were not found"
+        mv -T "$gdal_work/out" "$prefix" || gdal_fail "the finished build could not be put into place"
         say "GDAL is ready"
     ) 9>"$cache/gdal.lock" || exit 1
 }
@@ -72,13 +73,13 @@ gdal_fetch() {
 gdal_sqlite() {
     say "GDAL 2/4: SQLite"
     (
-        cd "$gdal_work"/sqlite3-*/
-        ./configure --disable-tcl
-        make sqlite3.c
-        mkdir -p "$gdal_work/out/lib" "$gdal_work/out/include"
-        cp sqlite3.h sqlite3ext.h "$gdal_work/out/include"
-        "$triplet-gcc-posix" -O2 -DSQLITE_OMIT_LOAD_EXTENSION -c sqlite3.c -o sqlite3.o
-        "$triplet-ar" rcs "$gdal_work/out/lib/libsqlite3.a" sqlite3.o
+        cd "$gdal_work"/sqlite3-*/ &&
+            ./configure --disable-tcl &&
+            make sqlite3.c &&
+            mkdir -p "$gdal_work/out/lib" "$gdal_work/out/include" &&
+            cp sqlite3.h sqlite3ext.h "$gdal_work/out/include" &&
+            "$triplet-gcc-posix" -O2 -DSQLITE_OMIT_LOAD_EXTENSION -c sqlite3.c -o sqlite3.o &&
+            "$triplet-ar" rcs "$gdal_work/out/lib/libsqlite3.a" sqlite3.o
     ) >>"$gdal_log" 2>&1 || gdal_fail "SQLite did not build"
 }
 
@@ -110,6 +111,7 @@ gdal_progress() {
 gdal_licences() {
     local name
     for name in gdal proj sqlite3; do
-        install -D -m 644 "$gdal_work/$name"-*/debian/copyright "$gdal_work/out/share/licenses/$name"
+        install -D -m 644 "$gdal_work/$name"-*/debian/copyright \
+            "$gdal_work/out/share/licenses/$name" || return 1
     done
 }

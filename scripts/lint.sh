@@ -8,23 +8,30 @@ passed=$cache/lint
 mkdir -p "$passed"
 
 # All that can change a verdict, short of the compilers themselves.
-basis=$(git ls-files -z --cached --others --exclude-standard 'TEVSystemLib/*.h' .clang-tidy |
-    xargs -0 cat | cat - scripts/lint.sh | sha256sum)
+basis=$(git ls-files -z --cached --others --exclude-standard 'TEVSystemLib/*.h' 'tools/*.h' .clang-tidy |
+    xargs -0 cat | cat - scripts/lint.sh | sha256sum | cut -c1-32)
 
-target=()
-grep -q -- "$triplet" "$build/compile_commands.json" && target=(--extra-arg=--target=$triplet)
+# For Windows clang needs to be told where the cross compiler has its headers.
+options=()
+if grep -q -- "$triplet" "$build/compile_commands.json"; then
+    mapfile -t options < <(
+        echo "--extra-arg=--target=$triplet"
+        "$triplet-g++-posix" -E -x c++ -v - </dev/null 2>&1 |
+            sed -n 's#^ \(/.*\(c++\|mingw32/include\).*\)$#--extra-arg=-isystem\1#p'
+    )
+fi
 
 lint() {
     local source=$1 key
-    key=$(printf '%s %s ' "$basis" "${target[*]-}" | cat - "$source" | sha256sum | cut -c1-32)
+    shift
+    key=$(printf '%s %s ' "$basis" "$*" | cat - "$source" | sha256sum | cut -c1-32)
     [ -e "$passed/$key" ] && return
-    clang-tidy-14 -p "$build" --quiet "${target[@]}" "$source" 2>/dev/null || return 1
+    clang-tidy-14 -p "$build" --quiet "$@" "$source" 2>/dev/null || return 1
     : >"$passed/$key"
 }
 export -f lint
 export build passed basis
 sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "$build/compile_commands.json" |
-    grep "^$root/\(TEVSystemLib\|tools\)/" | sort -u |
-    if [ ${#target[@]} -eq 0 ]; then cat; else grep -v /nothing/; fi |
-    xargs -P "$(nproc)" -I {} bash -c "target=(${target[*]-}); lint {}" ||
+    grep -E "^$root/(TEVSystemLib|tools)/" | sort -u |
+    xargs -P "$(nproc)" -I {} bash -c 'lint "$@"' lint {} "${options[@]}" ||
     die "clang-tidy found something; mend it, or except it on its line with the reason"

@@ -7,7 +7,8 @@ need_wine() {
         [ -d "$cache/wine" ] && exit
         rm -rf "$cache"/making-wine.*
         local work
-        work=$(mktemp -d "$cache/making-wine.XXXXXX")
+        work=$(mktemp -d "$cache/making-wine.XXXXXX") ||
+            die "cannot write to $cache; set TEV_CACHE to another folder"
         trap 'rm -rf "$work"' EXIT
         say "making a Wine prefix, once"
         export WINEDLLOVERRIDES='mscoree=;mshtml='
@@ -16,6 +17,6 @@ need_wine() {
         WINEPREFIX=$work /usr/lib/wine/wineserver64 -w
         [ -f "$work/system.reg" ] ||
             die "Wine left no registry in its prefix; see $cache/wine.log, mend it and run again"
-        mv -T "$work" "$cache/wine"
+        mv -T "$work" "$cache/wine" || die "the Wine prefix could not be put into place in $cache"
     ) 9>"$cache/wine.lock" || exit 1
 }

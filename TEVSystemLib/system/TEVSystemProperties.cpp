@@ -16,7 +16,6 @@ struct Store : TEVSystemProperties {
 // Destroyed at process exit or when the DLL is unloaded.
 std::unique_ptr<Store> store;
 
-// The store as it is; null before the first use.
 Store& Created() {
     if (!store) {
         // The store is there, with empty tables, before it is loaded: loading looks names up in it.
@@ -47,6 +46,7 @@ TEVSystemProperties::TEVSystemProperties()
 
 TEVSystemProperties::~TEVSystemProperties() = default;
 
+// NOLINTNEXTLINE(cert-oop54-cpp): there is nothing to assign.
 TEVSystemProperties& TEVSystemProperties::operator=(const TEVSystemProperties&) { return *this; }
 
 TEVSystemProperties& TEVSystemProperties::get() { return Created(); }

@@ -25,6 +25,8 @@ class BalanceListener : public testing::EmptyTestEventListener {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    // GoogleTest keeps its trace stack from the first use on.
+    { SCOPED_TRACE("first use"); }
     // The store lives as long as the process: it is no test's to release.
     TAMO::TEV::System::TEVSystemProperties::InitializeProperties();
     testing::UnitTest::GetInstance()->listeners().Append(new BalanceListener);

@@ -40,7 +40,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static std::size_t GetUnsignedCharArray(std::size_t count, unsigned char** out);
     static std::size_t GetCStringArray(char**& out, std::size_t count);
     static std::size_t GetConstCStringArray(const char**& out, std::size_t count);
-    // A text of `count` times `fill`, terminated, in a buffer of count + 1 bytes.
+    // A text of `count` times `fill`, terminated, in a buffer of count + 1 bytes; exhausted memory
+    // gives 0 and null.
     static std::size_t GetCharArray(std::size_t count, char** out, char fill);
 
     // Copying
@@ -165,8 +166,9 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // are moved. On failure the arguments are left unchanged.
     static bool AddEntryToStringArray(char**& array, const char* const entry, std::size_t& count,
                                       bool append);
-    // Null slots are skipped, those of `array` dropped. Entries are copied, or taken over and then
-    // `entries` is cleared. The pair of `array` and `count` is not checked here.
+    // Null slots are skipped, those of `array` dropped. Entries are copied (an empty one is refused
+    // with all of them), or taken over and then `entries` is cleared. The pair of `array` and
+    // `count` is not checked here.
     static bool AddEntriesToStringArray(char**& array, std::size_t& count,
                                         std::vector<char*>& entries, bool append, bool copyEntries);
     // As above from another array, which is released when its strings are taken over.

@@ -30,17 +30,20 @@ void Grow(char**& array, std::size_t& count, const std::vector<char*>& added, bo
     count = oldCount + newCount;
 }
 
-void GrowByCopies(char**& array, std::size_t& count, const std::vector<char*>& entries,
+// An empty text has no copy: it stops the operation with nothing changed.
+bool GrowByCopies(char**& array, std::size_t& count, const std::vector<char*>& entries,
                   bool append) {
     std::vector<detail::OwnedText> copies;
     std::vector<char*> added;
     for (const char* entry : entries) {
         if (entry == nullptr) continue;
+        if (*entry == '\0') return false;
         copies.push_back(detail::MakeText(std::string_view(entry)));
         added.push_back(copies.back().get());
     }
     Grow(array, count, added, append);
     for (detail::OwnedText& copy : copies) static_cast<void>(copy.release());
+    return true;
 }
 
 }  // namespace
@@ -65,12 +68,9 @@ bool TEVUtilString::AddEntriesToStringArray(char**& array, std::size_t& count,
                                             std::vector<char*>& entries, bool append,
                                             bool copyEntries) try {
     if (entries.empty()) return true;
-    if (copyEntries) {
-        GrowByCopies(array, count, entries, append);
-    } else {
-        Grow(array, count, entries, append);
-        entries.clear();
-    }
+    if (copyEntries) return GrowByCopies(array, count, entries, append);
+    Grow(array, count, entries, append);
+    entries.clear();
     return true;
 } catch (...) {
     return false;

@@ -40,6 +40,7 @@ int TEVUtilString::Compare(bool ignoreCase, const char* const first, const char*
     return ignoreCase ? detail::CompareIgnoringCase(first, second) : detail::Compare(first, second);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value is the interface.
 int TEVUtilString::Compare(bool ignoreCase, std::string first, std::string second) {
     return ignoreCase ? Compare(true, first.c_str(), second.c_str()) : first.compare(second);
 }
@@ -69,6 +70,7 @@ std::size_t TEVUtilString::CharacterCount(char character, const char* const text
     return static_cast<std::size_t>(std::count(all.begin(), all.end(), character));
 }
 
+// NOLINTNEXTLINE(readability-non-const-parameter): the pointer's type is the interface.
 bool TEVUtilString::IsInRange(const char*& allowed, const char* const text, std::size_t* count) {
     const std::string_view set = detail::OrEmpty(allowed);
     std::string_view examined = detail::OrEmpty(text);

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-struct HINSTANCE__;
+struct HINSTANCE__;  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): Windows
 
 namespace TAMO::TEV::System::Util {
 

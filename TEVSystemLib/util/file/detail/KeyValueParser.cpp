@@ -20,10 +20,20 @@ struct Span {
     }
 };
 
+State AfterKeyByte(char c, KeyValueSyntax syntax) {
+    if (c == '\n') return State::LineStart;
+    const bool endsKey = syntax == KeyValueSyntax::BlankSeparated ? IsInnerBlank(c) : c == '=';
+    return endsKey ? State::AfterKey : State::Key;
+}
+
+State AfterSeparatorByte(char c) {
+    if (c == '\n') return State::LineStart;
+    return IsInnerBlank(c) ? State::AfterKey : State::Value;
+}
+
 }  // namespace
 
 std::optional<KeyValuePair> KeyValueParser::Next() {
-    const bool blankEndsKey = syntax_ == KeyValueSyntax::BlankSeparated;
     State state = State::LineStart;
     Span key;
     Span value;
@@ -41,21 +51,12 @@ std::optional<KeyValuePair> KeyValueParser::Next() {
                 if (c == '\n') state = State::LineStart;
                 break;
             case State::Key:
-                if (c == '\n') {
-                    state = State::LineStart;
-                } else if (blankEndsKey ? IsInnerBlank(c) : c == '=') {
-                    state = State::AfterKey;
-                } else if (!IsInnerBlank(c)) {
-                    key.last = here;
-                }
+                state = AfterKeyByte(c, syntax_);
+                if (state == State::Key && !IsInnerBlank(c)) key.last = here;
                 break;
             case State::AfterKey:
-                if (c == '\n') {
-                    state = State::LineStart;
-                } else if (!IsInnerBlank(c)) {
-                    value.Start(here);
-                    state = State::Value;
-                }
+                state = AfterSeparatorByte(c);
+                if (state == State::Value) value.Start(here);
                 break;
             case State::Value:
                 if (c == '\n' || c == '\0') return KeyValuePair{key.In(text_), value.In(text_)};

@@ -41,9 +41,9 @@ std::string Base64Encode(std::string_view bytes) {
 }
 
 std::string Base64Decode(std::string_view text) {
-    const auto end =
-        std::find_if(text.begin(), text.end(), [](char c) { return Sextet(c) == kForeign; });
-    text = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+    std::size_t length = 0;
+    while (length < text.size() && Sextet(text[length]) != kForeign) ++length;
+    text = text.substr(0, length);
     std::string bytes;
     bytes.reserve(text.size() / 4 * 3 + 2);
     for (std::size_t i = 0; i < text.size(); i += 4) {

@@ -28,7 +28,7 @@ void RethrowTranslated() {
     } catch (const std::runtime_error&) {
         throw;
     } catch (const std::bad_alloc&) {
-        throw kOutOfMemory;
+        throw std::runtime_error(kOutOfMemory);
     } catch (...) {
         ThrowRuntimeError("Exception caught while carrying out requested operation.");
     }

@@ -1,0 +1,88 @@
+#include "TEVSystemLib/util/string/detail/Base64.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using TAMO::TEV::System::Util::detail::Base64Decode;
+using TAMO::TEV::System::Util::detail::Base64Encode;
+using namespace std::string_view_literals;
+
+TEST(Base64Encode, GroupEdges) {
+    const struct {
+        std::string_view bytes;
+        std::string_view expected;
+    } rows[] = {
+        {"", ""},
+        {"f", "Zg=="},
+        {"fo", "Zm8="},
+        {"foo", "Zm9v"},
+        {"foob", "Zm9vYg=="},
+        {"\0"sv, "AA=="},
+        {"\0\0\0"sv, "AAAA"},
+        {"\xFF\xFF\xFF", "////"},
+        // One bit at each edge between two characters.
+        {"\x04", "BA=="},
+        {"\x02", "Ag=="},
+        {"\0\x10"sv, "ABA="},
+        {"\0\x08"sv, "AAg="},
+        {"\0\0\x40"sv, "AABA"},
+        {"\0\0\x20"sv, "AAAg"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Base64Encode(row.bytes), row.expected) << row.expected;
+}
+
+TEST(Base64Decode, GroupEdges) {
+    const struct {
+        std::string_view text;
+        std::string_view expected;
+    } rows[] = {
+        {"", ""},
+        {"=", ""},
+        {"Z", ""},
+        {"Zm", "f"},
+        {"Zm9", "fo"},
+        {"Zm9v", "foo"},
+        {"Zm9vY", "foo"},
+        {"Zm9vYg", "foob"},
+        {"Zh==", "f"},
+        {"Zm9=", "fo"},
+        {"Zm9v\nYmFy", "foo"},
+        {"Zm9\nv", "fo"},
+        {"Zm9v\0YmFy"sv, "foo"},
+        {"AAAA", "\0\0\0"sv},
+        {"////", "\xFF\xFF\xFF"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Base64Decode(row.text), row.expected) << row.text;
+}
+
+TEST(Base64Decode, NeighboursOfTheAlphabetEndTheInput) {
+    for (const char c : {'*', ',', '-', '.', ':', '@', '[', '^', '_', '`', '{', '~', '\x7F', '\x80',
+                         '\xC1', '\xFF'})
+        EXPECT_EQ(Base64Decode(std::string("Zm9v") + c + "YmFy"), "foo") << c;
+}
+
+TEST(Base64Decode, EveryPairOfBytesComesBack) {
+    for (int first = 0; first <= 255; ++first) {
+        for (int second = 0; second <= 255; ++second) {
+            const std::string bytes{static_cast<char>(first), static_cast<char>(second)};
+            ASSERT_EQ(Base64Decode(Base64Encode(bytes)), bytes) << first << ' ' << second;
+        }
+    }
+}
+
+TEST(Base64Decode, EveryLengthComesBack) {
+    std::string bytes;
+    for (std::size_t length = 0; length <= 100; ++length) {
+        const std::string encoded = Base64Encode(bytes);
+        EXPECT_EQ(encoded.size(), (length + 2) / 3 * 4);
+        EXPECT_EQ(Base64Decode(encoded), bytes);
+        bytes += static_cast<char>(length * 37);
+    }
+}
+
+}  // namespace

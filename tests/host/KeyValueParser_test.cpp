@@ -1,0 +1,155 @@
+#include "TEVSystemLib/util/file/detail/KeyValueParser.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <optional>
+#include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace std::string_literals;
+using namespace TAMO::TEV::System::Util::detail;
+
+using Pairs = std::vector<std::pair<std::string, std::string>>;
+
+Pairs Parse(std::string_view text, KeyValueSyntax syntax) {
+    KeyValueParser parser(text, syntax);
+    Pairs pairs;
+    while (const auto pair = parser.Next()) pairs.emplace_back(pair->key, pair->value);
+    return pairs;
+}
+
+// A slow model of the syntax: what happens to which byte in which state, row by row, and the four
+// positions that a pair is made of.
+class Model {
+ public:
+    explicit Model(bool blankSeparated) : blankSeparated_(blankSeparated) {}
+
+    Pairs Run(const std::string& text) {
+        const std::string terminated = text + '\0';
+        for (std::size_t here = 0; here < terminated.size(); ++here)
+            state_ = Step(terminated, terminated[here], here);
+        return pairs_;
+    }
+
+ private:
+    enum State { kLineStart, kComment, kKey, kAfterKey, kValue };
+
+    State Step(const std::string& text, char byte, std::size_t here) {
+        const bool lineFeed = byte == '\n';
+        const bool innerBlank = byte == '\t' || byte == '\r' || byte == ' ';
+        const bool lineBlank = innerBlank || lineFeed;
+        if (state_ == kLineStart && byte == '#') return kComment;
+        if (state_ == kLineStart && lineBlank) return kLineStart;
+        if (state_ == kLineStart && byte == '=') return kComment;
+        if (state_ == kLineStart) return keyStart_ = keyEnd_ = here, kKey;
+        if (state_ == kComment && lineFeed) return Reset();
+        if (state_ == kComment) return kComment;
+        if (state_ == kKey && innerBlank && blankSeparated_) return kAfterKey;
+        if (state_ == kKey && innerBlank && !blankSeparated_) return kKey;
+        if (state_ == kKey && byte == '=' && !blankSeparated_) return kAfterKey;
+        if (state_ == kKey && lineFeed) return Reset();
+        if (state_ == kKey) return keyEnd_ = here, kKey;
+        if (state_ == kAfterKey && innerBlank) return kAfterKey;
+        if (state_ == kAfterKey && lineFeed) return Reset();
+        if (state_ == kAfterKey) return valueStart_ = valueEnd_ = here, kValue;
+        if (state_ == kValue && (lineFeed || byte == '\0')) {
+            pairs_.emplace_back(text.substr(keyStart_, keyEnd_ - keyStart_ + 1),
+                                text.substr(valueStart_, valueEnd_ - valueStart_ + 1));
+            return Reset();
+        }
+        if (state_ == kValue && innerBlank) return kValue;
+        return valueEnd_ = here, kValue;
+    }
+
+    State Reset() {
+        keyStart_ = keyEnd_ = valueStart_ = valueEnd_ = 0;
+        return kLineStart;
+    }
+
+    bool blankSeparated_;
+    State state_ = kLineStart;
+    std::size_t keyStart_ = 0;
+    std::size_t keyEnd_ = 0;
+    std::size_t valueStart_ = 0;
+    std::size_t valueEnd_ = 0;
+    Pairs pairs_;
+};
+
+TEST(KeyValueParser, PairsInTheOrderOfTheLines) {
+    EXPECT_EQ(Parse("b = 1\n# c = 2\n\na=2 # note\nb=3", KeyValueSyntax::EqualSeparated),
+              (Pairs{{"b", "1"}, {"a", "2 # note"}, {"b", "3"}}));
+    EXPECT_EQ(Parse("b 1\n# c 2\n=d 3\na  = x ", KeyValueSyntax::BlankSeparated),
+              (Pairs{{"b", "1"}, {"a", "= x"}}));
+}
+
+TEST(KeyValueParser, LinesWithoutAPairAreSkipped) {
+    for (const std::string& text : {""s, "\n"s, " \t\r\n"s, "b"s, "b\n"s, "b="s, "b= \r\n"s, "=b"s,
+                                    "#b=1"s, "\0"s, "b=\n\0"s})
+        EXPECT_EQ(Parse(text, KeyValueSyntax::EqualSeparated), Pairs()) << text;
+    for (const std::string& text : {""s, "b"s, "b "s, "b \r\n"s, "b=1"s, "= 1"s, "# 1"s})
+        EXPECT_EQ(Parse(text, KeyValueSyntax::BlankSeparated), Pairs()) << text;
+}
+
+TEST(KeyValueParser, SecondEqualBelongsToTheValue) {
+    EXPECT_EQ(Parse("k==x", KeyValueSyntax::EqualSeparated), (Pairs{{"k", "=x"}}));
+    EXPECT_EQ(Parse("k=v=w=", KeyValueSyntax::EqualSeparated), (Pairs{{"k", "v=w="}}));
+}
+
+TEST(KeyValueParser, NulEndsAValueAndIsOrdinaryElsewhere) {
+    EXPECT_EQ(Parse("a=1\0b=2"s, KeyValueSyntax::EqualSeparated), (Pairs{{"a", "1"}, {"b", "2"}}));
+    EXPECT_EQ(Parse("\0a\0 = \0x"s, KeyValueSyntax::EqualSeparated), (Pairs{{"\0a\0"s, "\0x"s}}));
+    EXPECT_EQ(Parse("a=\0"s, KeyValueSyntax::EqualSeparated), (Pairs{{"a", "\0"s}}));
+    EXPECT_EQ(Parse("#\0a=1"s, KeyValueSyntax::EqualSeparated), Pairs());
+}
+
+TEST(KeyValueParser, ReadsNothingBehindTheText) {
+    const std::string_view text = std::string_view("a=1 rest", 3);
+    EXPECT_EQ(Parse(text, KeyValueSyntax::EqualSeparated), (Pairs{{"a", "1"}}));
+    EXPECT_EQ(Parse(std::string_view("a=1", 2), KeyValueSyntax::EqualSeparated), Pairs());
+}
+
+TEST(KeyValueParser, NothingMoreAtTheEnd) {
+    KeyValueParser parser("a=1", KeyValueSyntax::EqualSeparated);
+    EXPECT_TRUE(parser.Next().has_value());
+    EXPECT_FALSE(parser.Next().has_value());
+    EXPECT_FALSE(parser.Next().has_value());
+}
+
+TEST(KeyValueParser, PointsIntoTheText) {
+    const std::string text = " key one = value one ";
+    KeyValueParser parser(text, KeyValueSyntax::EqualSeparated);
+    const auto pair = parser.Next();
+    ASSERT_TRUE(pair.has_value());
+    EXPECT_EQ(pair->key.data(), text.data() + 1);
+    EXPECT_EQ(pair->key, "key one");
+    EXPECT_EQ(pair->value.data(), text.data() + 11);
+    EXPECT_EQ(pair->value, "value one");
+}
+
+TEST(KeyValueParser, AgreesWithTheModelOnRandomBytes) {
+    constexpr int kTexts = 30'000;
+    constexpr std::string_view kAlphabet("a=#\t\r\n\0 ", 8);
+    std::mt19937 random(20240607);
+    std::size_t pairs = 0;
+    for (int i = 0; i < kTexts; ++i) {
+        std::string text(random() % 40, '\0');
+        for (char& byte : text) byte = kAlphabet[random() % kAlphabet.size()];
+        for (const bool blankSeparated : {false, true}) {
+            const auto syntax =
+                blankSeparated ? KeyValueSyntax::BlankSeparated : KeyValueSyntax::EqualSeparated;
+            const Pairs expected = Model(blankSeparated).Run(text);
+            ASSERT_EQ(Parse(text, syntax), expected)
+                << "text " << i << ": " << testing::PrintToString(text);
+            pairs += expected.size();
+        }
+    }
+    EXPECT_GT(pairs, 30'000u) << "the texts hardly hold a pair";
+}
+
+}  // namespace

@@ -1,0 +1,209 @@
+#!/usr/bin/env bash
+# tevsys_test.sh TEVSYS.EXE: what the program tevsys promises, each failed expectation on a line.
+. "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
+tevsys=$(realpath "$1")
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+place=Z:${work//\//\\}
+mkdir system user empty
+export TEV_SYS_CONFIG_DIR=$place\\system TEV_USER_CONFIG_DIR=$place\\user TEV_TEST_DIR=$place
+export TEV_TEST_LIST='a;b' TEV_TEST_OLD=1
+unset TEV_TEST_NEW
+
+printf '%s\r\n' 'a.system = from system' 'a.both = from system' 'a.place = %TEV_TEST_DIR%\x' \
+    'get = a key named as a verb' 'tev.log.level = loud' 'tev.env.add.1 = TEV_TEST_LIST|c' \
+    'tev.env.del.1 = TEV_TEST_OLD' 'tev.env.new.1 = TEV_TEST_NEW|fresh' \
+    >system/tev.system.properties
+user=user/tev.user.properties
+plain_user() { printf '# a comment\na.both = from user\n' >"$user"; }
+plain_user
+
+subject=''
+failures=0
+# tevsys ARGS...: runs it; what it gave is in the files out and err and in $code.
+tevsys() {
+    subject="tevsys $*"
+    code=0
+    "$root/scripts/wine.sh" "$tevsys" "$@" >out 2>err || code=$?
+}
+# holds WHAT COMMAND...: an expectation about the last run.
+holds() {
+    local what=$1
+    shift
+    "$@" >/dev/null && return
+    printf 'FAILED: %s: %s (exit code %s)\n' "$subject" "$what" "$code"
+    sed 's/^/    out: /' out
+    sed 's/^/    err: /' err
+    failures=$((failures + 1))
+}
+exits() { holds "exit code $1" [ "$code" = "$1" ]; }
+prints() { holds "prints exactly $(printf '%q' "$1")" cmp out <(printf '%s' "$1"); }
+prints_line() { holds "prints the line $(printf '%q' "$1")" grep -qxF -- "$1" out; }
+lacks() { ! grep -q -- "$1" out; }
+prints_no_line() { holds "prints no line like $(printf '%q' "$1")" lacks "$1"; }
+says() { holds "says on standard error: $1" grep -q -- "$1" err; }
+says_one_line() { holds "says one line on standard error" [ "$(wc -l <err)" = 1 ]; }
+says_nothing() { holds "says nothing on standard error" [ ! -s err ]; }
+user_file_is() { holds "user file is $(printf '%q' "$1")" cmp "$user" <(printf '%s' "$1"); }
+
+# get
+tevsys get a.system
+exits 0; prints $'from system\n'; says_nothing
+tevsys get a.both
+exits 0; prints $'from user\n'
+tevsys get a.place
+exits 0; prints "$place\\x"$'\n'
+tevsys get TEV_TEST_LIST
+exits 0; prints $'a;b;c\n'
+tevsys get get
+exits 0; prints $'a key named as a verb\n'
+tevsys get a.missing
+exits 1; prints ''; says a.missing; says_one_line
+
+# list
+tevsys list
+exits 0; says_nothing
+prints "system	TEV_TEST_DIR	$place
+system	a.both	from system
+system	a.place	$place\\x
+system	a.system	from system
+system	get	a key named as a verb
+system	tev.env.add.1	TEV_TEST_LIST|c
+system	tev.env.del.1	TEV_TEST_OLD
+system	tev.env.new.1	TEV_TEST_NEW|fresh
+system	tev.log.level	DEBUG
+system	tev.sys.config.dir	$place\\system/
+system	tev.system.properties	$place\\system/tev.system.properties
+user	a.both	from user
+user	tev.user.config.dir	$place\\user/
+user	tev.user.properties	$place\\user/tev.user.properties
+"
+holds 'is sorted' env LC_ALL=C sort -c out
+
+# env
+tevsys env
+exits 0; says_nothing
+prints_line 'TEV_TEST_LIST=a;b;c'
+prints_line 'TEV_TEST_NEW=fresh'
+prints_no_line '^TEV_TEST_OLD='
+prints_no_line $'\r'
+
+# demo: its whole text is compared by the demo's own check
+tevsys demo
+exits 0; says_nothing
+prints_line '  a.both = from user'
+prints_line '    before  a;b'
+prints_line '    after   a;b;c'
+
+# set
+own="tev.user.config.dir = $place\\user/
+tev.user.properties = $place\\user/tev.user.properties
+"
+tevsys set a.both 'a new = value'
+exits 0; prints ''; says_nothing
+user_file_is "a.both = a new = value
+$own"
+tevsys get a.both
+exits 0; prints $'a new = value\n'
+tevsys set b.path /data
+exits 0
+tevsys set c.number -5
+exits 0
+tevsys set -- d.option --help
+exits 0
+tevsys set e.list '[a,b]'
+exits 0
+tevsys set f.reference '%TEV_TEST_DIR%\y'
+exits 0
+user_file_is "a.both = a new = value
+b.path = /data
+c.number = -5
+d.option = --help
+e.list = [a,b]
+f.reference = %TEV_TEST_DIR%\\y
+$own"
+tevsys get f.reference
+exits 0; prints "$place\\y"$'\n'
+
+# set: what the file would not give back
+plain_user
+before=$(<"$user")
+refuses() {
+    tevsys set "$1" "$2"
+    exits 2; prints ''; says 'nothing set'; says_one_line
+    user_file_is "$before"$'\n'
+}
+refuses '' value
+refuses key ''
+refuses ' key' value
+refuses key 'value '
+refuses '#key' value
+refuses k=ey value
+refuses key $'two\nlines'
+refuses tev.user.properties value
+
+# no user file: nothing is made
+export TEV_USER_CONFIG_DIR=$place\\empty
+tevsys set a.both x
+exits 1; prints ''; says 'create an empty one'; says TEV_USER_CONFIG_DIR; says_one_line
+holds 'makes no file' [ -z "$(ls empty)" ]
+tevsys get a.both
+exits 0; prints $'from system\n'
+# an empty user file is enough
+: >empty/tev.user.properties
+tevsys set a.both x
+exits 0
+tevsys get a.both
+exits 0; prints $'x\n'
+rm empty/tev.user.properties
+
+# no file at all
+export TEV_SYS_CONFIG_DIR=$place\\empty
+tevsys list
+exits 0; says_nothing
+prints "$(printf 'system\t%s\t%s\n' tev.sys.config.dir '' \
+    tev.system.properties tev.system.properties)"$'\n'
+tevsys get a.system
+exits 1; prints ''
+
+# help
+tevsys --help
+exits 0; says_nothing
+for verb in get list set env demo; do
+    holds "names the verb $verb" grep -q "^  $verb  *[A-Z]" out
+done
+holds 'names the exit codes' grep -q 'Exit codes: 0 .*1 .*2 ' out
+while IFS='|' read -r verb text; do
+    tevsys "$verb" --help
+    exits 0; says_nothing
+    holds "describes itself: $text" grep -q -- "$text" out
+done <<'VERBS'
+get|KEY .*REQUIRED
+list|table<TAB>key<TAB>value
+set|VALUE .*REQUIRED
+env|name=value
+demo|Folders and files
+VERBS
+
+# wrong usage
+while IFS='|' read -ra words; do
+    tevsys "${words[@]}"
+    exits 2; prints ''; holds 'says why' [ -s err ]
+done <<'USAGES'
+
+get
+get|a|b
+set|a
+list|a
+list|--colour
+remove|a
+--verbose
+USAGES
+
+if [ "$failures" != 0 ]; then
+    printf '%s expectations of tevsys failed\n' "$failures"
+    exit 1
+fi
+echo 'tevsys keeps its promises'

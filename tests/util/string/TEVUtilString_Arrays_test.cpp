@@ -1,0 +1,474 @@
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "support/Owned.h"
+
+using TAMO::TEV::System::Util::TEVUtilString;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::IsNull;
+using testing::Pointee;
+using tev::test::TextArray;
+
+namespace {
+
+// A C string of the library's own, also for the empty text.
+char* Owned(const std::string& text) {
+    char* copy = nullptr;
+    TEVUtilString::GetCharArray(text.size() + 1, &copy);
+    text.copy(copy, text.size());
+    return copy;
+}
+
+// Null texts become null slots.
+void Fill(TextArray& array, std::initializer_list<const char*> texts) {
+    array.count = TEVUtilString::GetCStringArray(array.array, texts.size());
+    std::size_t i = 0;
+    for (const char* text : texts) array.array[i++] = text == nullptr ? nullptr : Owned(text);
+}
+
+struct Texts : TextArray {
+    Texts() = default;
+    Texts(std::initializer_list<const char*> texts) { Fill(*this, texts); }
+};
+
+// A vector whose strings the test owns.
+struct Entries {
+    Entries(std::initializer_list<const char*> texts) {
+        for (const char* text : texts) vector.push_back(text == nullptr ? nullptr : Owned(text));
+    }
+    ~Entries() {
+        for (char*& text : vector) TEVUtilString::DeleteCString(&text);
+    }
+    Entries(const Entries&) = delete;
+    Entries& operator=(const Entries&) = delete;
+
+    std::vector<char*> vector;
+};
+
+// What an array looks like from outside; to see that a refused call changes nothing.
+struct State {
+    explicit State(const TextArray& texts)
+        : array(texts.array), count(texts.count), slots(texts.array, texts.array + texts.count) {}
+    bool operator==(const State& other) const {
+        return array == other.array && count == other.count && slots == other.slots;
+    }
+    friend std::ostream& operator<<(std::ostream& stream, const State& state) {
+        return stream << state.count << " slots at " << static_cast<const void*>(state.array);
+    }
+
+    char** array;
+    std::size_t count;
+    std::vector<char*> slots;
+};
+
+TEST(AddEntryToStringArray, NullArrayBecomesOneElement) {
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts;
+        EXPECT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, "a", texts.count, append));
+        EXPECT_THAT(texts.Strings(), ElementsAre("a"));
+    }
+}
+
+TEST(AddEntryToStringArray, AppendAddsAtTheEnd) {
+    Texts texts{"x", "y"};
+    EXPECT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, "a", texts.count, true));
+    EXPECT_THAT(texts.Strings(), ElementsAre("x", "y", "a"));
+}
+
+TEST(AddEntryToStringArray, WithoutAppendAddsAtTheFront) {
+    Texts texts{"x", "y"};
+    EXPECT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, "a", texts.count, false));
+    EXPECT_THAT(texts.Strings(), ElementsAre("a", "x", "y"));
+}
+
+TEST(AddEntryToStringArray, OldStringsAreMovedAndTheEntryIsCopied) {
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x", "y"};
+        const State before(texts);
+        const char entry[] = "a";
+        ASSERT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, entry, texts.count, append));
+        ASSERT_EQ(texts.count, 3U);
+        EXPECT_EQ(texts.array[append ? 0 : 1], before.slots[0]);
+        EXPECT_EQ(texts.array[append ? 1 : 2], before.slots[1]);
+        EXPECT_NE(texts.array[append ? 2 : 0], entry);
+    }
+}
+
+TEST(AddEntryToStringArray, NullSlotsKeepTheirPlaces) {
+    Texts texts{"x", nullptr};
+    EXPECT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, "a", texts.count, true));
+    EXPECT_THAT(texts.Strings(), ElementsAre("x", "(null)", "a"));
+}
+
+TEST(AddEntryToStringArray, OwnStringCanBeAddedAgain) {
+    Texts texts{"x"};
+    EXPECT_TRUE(
+        TEVUtilString::AddEntryToStringArray(texts.array, texts.array[0], texts.count, false));
+    ASSERT_THAT(texts.Strings(), ElementsAre("x", "x"));
+    EXPECT_NE(texts.array[0], texts.array[1]);
+}
+
+TEST(AddEntryToStringArray, NullOrEmptyEntryIsRefused) {
+    for (const char* entry : {static_cast<const char*>(nullptr), ""}) {
+        Texts texts{"x"};
+        const State before(texts);
+        EXPECT_FALSE(TEVUtilString::AddEntryToStringArray(texts.array, entry, texts.count, true));
+        EXPECT_EQ(State(texts), before);
+        Texts none;
+        EXPECT_FALSE(TEVUtilString::AddEntryToStringArray(none.array, entry, none.count, true));
+        EXPECT_EQ(none.array, nullptr);
+        EXPECT_EQ(none.count, 0U);
+    }
+}
+
+TEST(AddEntryToStringArray, NullArrayWithCountIsRefused) {
+    char** array = nullptr;
+    std::size_t count = 2;
+    EXPECT_FALSE(TEVUtilString::AddEntryToStringArray(array, "a", count, true));
+    EXPECT_EQ(array, nullptr);
+    EXPECT_EQ(count, 2U);
+}
+
+TEST(AddEntryToStringArray, ArrayWithoutCountIsRefused) {
+    Texts texts{"x"};
+    const State before(texts);
+    std::size_t count = 0;
+    EXPECT_FALSE(TEVUtilString::AddEntryToStringArray(texts.array, "a", count, true));
+    EXPECT_EQ(count, 0U);
+    EXPECT_EQ(State(texts), before);
+}
+
+TEST(AddEntryToStringArray, GrowsEntryByEntry) {
+    Texts texts;
+    for (int i = 0; i < 100; ++i)
+        ASSERT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, std::to_string(i).c_str(),
+                                                         texts.count, true));
+    ASSERT_EQ(texts.count, 100U);
+    for (std::size_t i = 0; i < texts.count; ++i) EXPECT_EQ(texts.array[i], std::to_string(i));
+}
+
+TEST(AddEntriesToStringArray, VectorFrontInsertionKeepsBothOrders) {
+    for (const bool copy : {true, false}) {
+        SCOPED_TRACE(copy);
+        Texts texts{"x", "y"};
+        Entries entries{"a", "b"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           false, copy));
+        EXPECT_THAT(texts.Strings(), ElementsAre("a", "b", "x", "y"));
+    }
+}
+
+TEST(AddEntriesToStringArray, VectorAppendKeepsBothOrders) {
+    for (const bool copy : {true, false}) {
+        SCOPED_TRACE(copy);
+        Texts texts{"x", "y"};
+        Entries entries{"a", "b"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           true, copy));
+        EXPECT_THAT(texts.Strings(), ElementsAre("x", "y", "a", "b"));
+    }
+}
+
+TEST(AddEntriesToStringArray, VectorCopiesLeaveTheVectorAsItWas) {
+    Texts texts{"x"};
+    Entries entries{"a", nullptr, "b"};
+    const std::vector<char*> before = entries.vector;
+    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                       true, true));
+    EXPECT_EQ(entries.vector, before);
+    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
+    EXPECT_NE(texts.array[1], before[0]);
+    EXPECT_NE(texts.array[2], before[2]);
+}
+
+TEST(AddEntriesToStringArray, VectorTakenOverStringsMoveAndTheVectorIsCleared) {
+    Texts texts{"x"};
+    Entries entries{"a", nullptr, "b"};
+    const std::vector<char*> before = entries.vector;
+    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                       true, false));
+    EXPECT_THAT(entries.vector, IsEmpty());
+    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
+    EXPECT_EQ(texts.array[1], before[0]);
+    EXPECT_EQ(texts.array[2], before[2]);
+}
+
+TEST(AddEntriesToStringArray, VectorOldStringsAreMovedAndNullSlotsDropped) {
+    Texts texts{nullptr, "x", nullptr, "y", nullptr};
+    const State before(texts);
+    Entries entries{"a"};
+    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                       true, true));
+    ASSERT_THAT(texts.Strings(), ElementsAre("x", "y", "a"));
+    EXPECT_EQ(texts.array[0], before.slots[1]);
+    EXPECT_EQ(texts.array[1], before.slots[3]);
+}
+
+TEST(AddEntriesToStringArray, VectorNullArrayIsCreated) {
+    for (const bool copy : {true, false}) {
+        SCOPED_TRACE(copy);
+        Texts texts;
+        Entries entries{"a", "b"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           true, copy));
+        EXPECT_THAT(texts.Strings(), ElementsAre("a", "b"));
+    }
+}
+
+TEST(AddEntriesToStringArray, VectorEmptyVectorChangesNothing) {
+    Texts texts{"x", nullptr};
+    const State before(texts);
+    std::vector<char*> none;
+    for (const bool copy : {true, false})
+        EXPECT_TRUE(
+            TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, none, true, copy));
+    EXPECT_EQ(State(texts), before);
+}
+
+TEST(AddEntriesToStringArray, VectorNothingButNullsCompactsTheArray) {
+    for (const bool copy : {true, false}) {
+        SCOPED_TRACE(copy);
+        Texts texts{"x", nullptr, "y"};
+        Entries entries{nullptr, nullptr};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           true, copy));
+        EXPECT_THAT(texts.Strings(), ElementsAre("x", "y"));
+        EXPECT_EQ(entries.vector.size(), copy ? 2U : 0U);
+    }
+}
+
+TEST(AddEntriesToStringArray, VectorNothingButNullsOntoNullStaysNull) {
+    Texts texts;
+    Entries entries{nullptr};
+    TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector, true, true);
+    EXPECT_EQ(texts.array, nullptr);
+    EXPECT_EQ(texts.count, 0U);
+}
+
+TEST(AddEntriesToStringArray, VectorFirstFailedCopyStopsWithNothingChanged) {
+    Texts texts{"x", nullptr};
+    const State before(texts);
+    Entries entries{"a", "", "b"};
+    const std::vector<char*> vector = entries.vector;
+    EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                        true, true));
+    EXPECT_EQ(State(texts), before);
+    EXPECT_EQ(entries.vector, vector);
+}
+
+TEST(AddEntriesToStringArray, VectorEmptyStringsCanBeTakenOver) {
+    Texts texts{"x"};
+    Entries entries{""};
+    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                       true, false));
+    EXPECT_THAT(texts.Strings(), ElementsAre("x", ""));
+}
+
+TEST(AddEntriesToStringArray, VectorPairIsNotChecked_Kept) {
+    Texts texts{nullptr};
+    texts.count = 0;
+    Entries entries{"a"};
+    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                       true, true));
+    EXPECT_THAT(texts.Strings(), ElementsAre("a"));
+
+    char** array = nullptr;
+    std::size_t count = 2;
+    std::vector<char*> none;
+    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(array, count, none, true, true));
+    EXPECT_EQ(count, 2U);
+}
+
+TEST(AddEntriesToStringArray, ArrayBothEndsKeepBothOrders) {
+    for (const bool takeOver : {true, false}) {
+        SCOPED_TRACE(takeOver);
+        Texts back{"x", "y"};
+        Texts source{"a", "b"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(back.array, source.array, back.count,
+                                                           source.count, true, takeOver));
+        EXPECT_THAT(back.Strings(), ElementsAre("x", "y", "a", "b"));
+
+        Texts front{"x", "y"};
+        Texts second{"a", "b"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(front.array, second.array, front.count,
+                                                           second.count, false, takeOver));
+        EXPECT_THAT(front.Strings(), ElementsAre("a", "b", "x", "y"));
+    }
+}
+
+TEST(AddEntriesToStringArray, ArrayTakenOverSourceIsReleased) {
+    Texts texts{"x"};
+    Texts source{"a", nullptr, "b"};
+    const State before(source);
+    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                       source.count, true, true));
+    EXPECT_EQ(source.array, nullptr);
+    EXPECT_EQ(source.count, 0U);
+    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
+    EXPECT_EQ(texts.array[1], before.slots[0]);
+    EXPECT_EQ(texts.array[2], before.slots[2]);
+}
+
+TEST(AddEntriesToStringArray, ArrayCopiedSourceIsLeftAsItWas) {
+    Texts texts{"x"};
+    Texts source{"a", nullptr, "b"};
+    const State before(source);
+    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                       source.count, true, false));
+    EXPECT_EQ(State(source), before);
+    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
+    EXPECT_NE(texts.array[1], before.slots[0]);
+    EXPECT_NE(texts.array[2], before.slots[2]);
+}
+
+TEST(AddEntriesToStringArray, ArrayNullSlotsOfTheArrayAreDropped) {
+    Texts texts{nullptr, "x"};
+    Texts source{"a"};
+    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                       source.count, true, false));
+    EXPECT_THAT(texts.Strings(), ElementsAre("x", "a"));
+}
+
+TEST(AddEntriesToStringArray, ArrayNullArrayIsCreated) {
+    for (const bool takeOver : {true, false}) {
+        SCOPED_TRACE(takeOver);
+        Texts texts;
+        Texts source{"a", "b"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, true, takeOver));
+        EXPECT_THAT(texts.Strings(), ElementsAre("a", "b"));
+    }
+}
+
+TEST(AddEntriesToStringArray, ArrayNullSourceChangesNothing) {
+    for (const bool takeOver : {true, false}) {
+        SCOPED_TRACE(takeOver);
+        Texts texts{"x", nullptr};
+        const State before(texts);
+        Texts source;
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, true, takeOver));
+        EXPECT_EQ(State(texts), before);
+        EXPECT_EQ(source.array, nullptr);
+        EXPECT_EQ(source.count, 0U);
+    }
+}
+
+TEST(AddEntriesToStringArray, ArraySourceOfNullsIsReleasedWhenTakenOver) {
+    Texts texts{"x", nullptr};
+    const State before(texts);
+    Texts source{nullptr, nullptr};
+    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                       source.count, true, true));
+    EXPECT_EQ(source.array, nullptr);
+    EXPECT_EQ(source.count, 0U);
+    EXPECT_EQ(State(texts), before);
+}
+
+TEST(AddEntriesToStringArray, ArraySourceOfNullsIsKeptWhenCopied) {
+    Texts texts{"x", nullptr};
+    const State before(texts);
+    Texts source{nullptr, nullptr};
+    const State sourceBefore(source);
+    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                       source.count, true, false));
+    EXPECT_EQ(State(source), sourceBefore);
+    EXPECT_EQ(State(texts), before);
+}
+
+TEST(AddEntriesToStringArray, ArrayBrokenPairsAreRefused) {
+    for (const bool takeOver : {true, false}) {
+        SCOPED_TRACE(takeOver);
+        Texts whole{"x"};
+        const State before(whole);
+        char** null = nullptr;
+        std::size_t zero = 0;
+        std::size_t two = 2;
+        Texts other{"y"};
+        const State otherBefore(other);
+
+        EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(null, whole.array, two, whole.count,
+                                                            true, takeOver));
+        EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(whole.array, null, whole.count, two,
+                                                            true, takeOver));
+        EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(other.array, whole.array, zero,
+                                                            whole.count, true, takeOver));
+        EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(whole.array, other.array, whole.count,
+                                                            zero, true, takeOver));
+        EXPECT_EQ(State(whole), before);
+        EXPECT_EQ(State(other), otherBefore);
+        EXPECT_EQ(null, nullptr);
+        EXPECT_EQ(zero, 0U);
+        EXPECT_EQ(two, 2U);
+    }
+}
+
+TEST(AddEntriesToStringArray, ArrayFailedCopyLeavesBothAsTheyWere) {
+    Texts texts{"x"};
+    const State before(texts);
+    Texts source{"a", ""};
+    const State sourceBefore(source);
+    EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                        source.count, true, false));
+    EXPECT_EQ(State(texts), before);
+    EXPECT_EQ(State(source), sourceBefore);
+}
+
+TEST(GetCStringVectorContainerArray, GivesNullPointers) {
+    std::vector<const char*>** containers = nullptr;
+    ASSERT_EQ(TEVUtilString::GetCStringVectorContainerArray(3, containers), 3U);
+    ASSERT_NE(containers, nullptr);
+    const std::vector<std::vector<const char*>*> slots(containers, containers + 3);
+    TEVUtilString::DeleteCStringVectorContainerArray(3, containers);
+    EXPECT_THAT(slots, Each(IsNull()));
+    EXPECT_EQ(slots.size(), 3U);
+}
+
+TEST(GetCStringVectorContainerArray, CountZeroLeavesTheOutputUntouched) {
+    std::vector<const char*>* slot = nullptr;
+    std::vector<const char*>** containers = &slot;
+    EXPECT_EQ(TEVUtilString::GetCStringVectorContainerArray(0, containers), 0U);
+    EXPECT_EQ(containers, &slot);
+}
+
+TEST(GetCStringVectorContainerArray, CountBeyondMemoryGivesNullAndZero) {
+    for (const std::size_t count : {SIZE_MAX, SIZE_MAX / sizeof(void*) + 2}) {
+        std::vector<const char*>* slot = nullptr;
+        std::vector<const char*>** containers = &slot;
+        EXPECT_EQ(TEVUtilString::GetCStringVectorContainerArray(count, containers), 0U);
+        EXPECT_EQ(containers, nullptr);
+    }
+}
+
+TEST(DeleteCStringVectorContainerArray, LeavesTheVectorsToTheCaller_Kept) {
+    std::vector<const char*> first{"a"};
+    std::vector<const char*> second{"b"};
+    std::vector<const char*>** containers = nullptr;
+    ASSERT_EQ(TEVUtilString::GetCStringVectorContainerArray(2, containers), 2U);
+    containers[0] = &first;
+    containers[1] = &second;
+    TEVUtilString::DeleteCStringVectorContainerArray(2, containers);
+    EXPECT_EQ(containers, nullptr);
+    EXPECT_THAT(first, ElementsAre(Pointee('a')));
+    EXPECT_THAT(second, ElementsAre(Pointee('b')));
+}
+
+TEST(DeleteCStringVectorContainerArray, NullIsAccepted) {
+    std::vector<const char*>** containers = nullptr;
+    TEVUtilString::DeleteCStringVectorContainerArray(5, containers);
+    EXPECT_EQ(containers, nullptr);
+}
+
+}  // namespace

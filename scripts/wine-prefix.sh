@@ -1,6 +1,13 @@
 # Sourced: the Wine prefix, made once aside and then renamed.
+
 need_wine() {
-    [ -d "$cache/wine" ] && return
+    [ -d "$cache/wine" ] || make_wine_prefix
+    # Kept alive between programs, each of which would otherwise start it anew.
+    WINEPREFIX=$cache/wine WINEDEBUG=-all /usr/lib/wine/wineserver64 -p60 >"$cache/wine.log" 2>&1 ||
+        true
+}
+
+make_wine_prefix() {
     mkdir -p "$cache" || die "cannot create the cache folder $cache; set TEV_CACHE to another one"
     (
         flock 9

@@ -8,8 +8,8 @@ namespace tev::fault {
 // Allocations that are alive now.
 std::ptrdiff_t LiveAllocations();
 
-// Releases so far of what was not allocated here, was released before, or was allocated with the other
-// of new and new[].
+// Releases so far of what was not allocated here, was released before, or was allocated with the
+// other of new and new[].
 std::ptrdiff_t WrongReleases();
 
 }  // namespace tev::fault

@@ -156,12 +156,12 @@ TEST(PlanDirectives, OrderIsByGroupThenByKey) {
     const Plan plan = PlanFor({
         {"tev.env.rm.1", "A|1"},
         {"tev.env.replace.path.1", "B|C:/tools"},
-        {"tev.env.replace.1", "C|1"},
+        {"tev.env.replace.z", "C|1"},
         {"tev.env.new.path.1", "D|C:/tools"},
         {"tev.env.new.2", "E|2"},
         {"tev.env.new.10", "E|10"},
         {"tev.env.new.B", "E|B"},
-        {"tev.env.new.a", "E|a"},
+        {"tev.env.new.z", "E|z"},
         {"tev.env.del.1", "F"},
         {"tev.env.add.path.2", "G|C:/tools"},
         {"tev.env.add.path.1", "H|C:/tools"},
@@ -173,7 +173,7 @@ TEST(PlanDirectives, OrderIsByGroupThenByKey) {
         {DirectiveKind::AddPath, "H", kFolder},   {DirectiveKind::AddPath, "G", kFolder},
         {DirectiveKind::Delete, "F", ""},         {DirectiveKind::New, "E", "10"},
         {DirectiveKind::New, "E", "2"},           {DirectiveKind::New, "E", "B"},
-        {DirectiveKind::New, "E", "a"},           {DirectiveKind::NewPath, "D", kFolder},
+        {DirectiveKind::New, "E", "z"},           {DirectiveKind::NewPath, "D", kFolder},
         {DirectiveKind::Replace, "C", "1"},       {DirectiveKind::ReplacePath, "B", kFolder},
         {DirectiveKind::RemoveElement, "A", "1"},
     };

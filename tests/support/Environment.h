@@ -11,7 +11,7 @@ std::optional<std::string> SystemVariable(const std::string& name);
 // Sets a variable, or removes it when there is no value, in the system's environment and the C
 // runtime's; puts the old state back at the end of the scope.
 class Variable {
-   public:
+ public:
     explicit Variable(std::string name, const std::optional<std::string>& value = std::nullopt);
     ~Variable();
     Variable(const Variable&) = delete;
@@ -19,7 +19,7 @@ class Variable {
 
     void Set(const std::optional<std::string>& value) const;
 
-   private:
+ private:
     std::string name_;
     std::optional<std::string> before_;
 };

@@ -7,7 +7,7 @@ namespace tev::test {
 
 // A fresh folder below the temporary folder, removed with everything in it.
 class Folder {
-   public:
+ public:
     Folder();
     ~Folder();
     Folder(const Folder&) = delete;
@@ -21,7 +21,7 @@ class Folder {
     std::string Write(std::string_view name, std::string_view content) const;
     std::string MakeFolder(std::string_view name) const;
 
-   private:
+ private:
     std::string path_;
 };
 

@@ -10,7 +10,7 @@ namespace tev::test {
 
 // A C string that the library handed out. Pass Out() where a char** is asked for.
 class Text {
-   public:
+ public:
     Text() = default;
     explicit Text(char* text) : text_(text) {}
     ~Text() { Release(); }
@@ -26,14 +26,14 @@ class Text {
     // The text; "(null)" for null, so that a comparison shows it.
     std::string str() const { return text_ == nullptr ? "(null)" : text_; }
 
-   private:
+ private:
     void Release() { TAMO::TEV::System::Util::TEVUtilString::DeleteCString(&text_); }
 
     char* text_ = nullptr;
 };
 
 class WideText {
-   public:
+ public:
     WideText() = default;
     ~WideText() { Release(); }
     WideText(const WideText&) = delete;
@@ -47,7 +47,7 @@ class WideText {
     bool IsNull() const { return text_ == nullptr; }
     std::wstring str() const { return text_ == nullptr ? L"(null)" : text_; }
 
-   private:
+ private:
     void Release() { TAMO::TEV::System::Util::TEVUtilString::DeleteWCharBuffer(&text_); }
 
     wchar_t* text_ = nullptr;

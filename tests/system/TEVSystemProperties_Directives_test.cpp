@@ -178,10 +178,11 @@ TEST_F(Directives, ReferencesAreExpandedFirst) {
 
 TEST_F(Directives, CachedEnvironmentValuesStayOld) {
     x_.Set("old");
-    Load("a=%X%\ntev.env.new.1=X|new\n");
+    Load("a=1\ntev.env.new.1=X|new\n", "b=%X%\n");
+    EXPECT_THAT(Get("b"), Optional(std::string("old")));
     EXPECT_THAT(Get("X"), Optional(std::string("old")));
     EXPECT_THAT(SystemVariable("X"), Optional(std::string("new")));
-    Load("tev.env.new.1=X|newer\n");
+    Load("tev.env.new.1=X|newer\n", "b=1\n");
     EXPECT_THAT(Get("X"), Optional(std::string("newer"))) << "not asked for before";
 }
 
@@ -218,28 +219,29 @@ TEST_F(Directives, EnvironmentOfTheRuntimeLibraryFollows) {
     EXPECT_EQ(std::getenv("X"), nullptr);
 }
 
+// Behind the prefix, z sorts after "path": by key alone the paths would come first.
 TEST_F(DirectiveOrder, IsByGroup) {
     Check({
         // add, then add path, which then finds the folder in the list
-        {"tev.env.add.path.1=X|<f>\ntev.env.add.1=X|<F>\n", "a", "a;<F>"},
+        {"tev.env.add.path.1=X|<f>\ntev.env.add.z=X|<F>\n", "a", "a;<F>"},
         // add and add path, then delete
-        {"tev.env.del.1=X\ntev.env.add.1=X|b\ntev.env.add.path.1=X|<f>\n", "a", std::nullopt},
+        {"tev.env.del.1=X\ntev.env.add.z=X|b\ntev.env.add.path.1=X|<f>\n", "a", std::nullopt},
         // delete, then new
-        {"tev.env.new.1=X|1\ntev.env.del.1=X\n", "a", "1"},
+        {"tev.env.new.z=X|1\ntev.env.del.1=X\n", "a", "1"},
         // add, then new
-        {"tev.env.new.1=X|1\ntev.env.add.1=X|b\n", "a", "1"},
+        {"tev.env.new.z=X|1\ntev.env.add.z=X|b\n", "a", "1"},
         // new, then new path
-        {"tev.env.new.path.1=X|<f>\ntev.env.new.1=X|1\n", "a", "<F>"},
+        {"tev.env.new.path.1=X|<f>\ntev.env.new.z=X|1\n", "a", "<F>"},
         // new path, then replace, which then finds the variable
-        {"tev.env.replace.1=X|2\ntev.env.new.path.1=X|<f>\n", std::nullopt, "2"},
+        {"tev.env.replace.z=X|2\ntev.env.new.path.1=X|<f>\n", std::nullopt, "2"},
         // delete, then replace, which then finds no variable
-        {"tev.env.replace.1=X|2\ntev.env.del.1=X\n", "a", std::nullopt},
+        {"tev.env.replace.z=X|2\ntev.env.del.1=X\n", "a", std::nullopt},
         // replace, then replace path
-        {"tev.env.replace.path.1=X|<f>\ntev.env.replace.1=X|2\n", "a", "<F>"},
+        {"tev.env.replace.path.1=X|<f>\ntev.env.replace.z=X|2\n", "a", "<F>"},
         // replace path, then remove
         {"tev.env.rm.1=X|<F>\ntev.env.replace.path.1=X|<f>\n", "a", std::nullopt},
         // new, then remove
-        {"tev.env.new.1=X|1;2\ntev.env.rm.1=X|1\n", "a", "2"},
+        {"tev.env.new.z=X|1;2\ntev.env.rm.1=X|1\n", "a", "2"},
     });
 }
 

@@ -1,5 +1,7 @@
 #include "TEVSystemLib/util/file/detail/KeyValueParser.h"
 
+#include <utility>
+
 namespace TAMO::TEV::System::Util::detail {
 
 namespace {
@@ -20,15 +22,24 @@ struct Span {
     }
 };
 
-State AfterKeyByte(char c, KeyValueSyntax syntax) {
-    if (c == '\n') return State::LineStart;
-    const bool endsKey = syntax == KeyValueSyntax::BlankSeparated ? IsInnerBlank(c) : c == '=';
-    return endsKey ? State::AfterKey : State::Key;
-}
-
-State AfterSeparatorByte(char c) {
-    if (c == '\n') return State::LineStart;
-    return IsInnerBlank(c) ? State::AfterKey : State::Value;
+State Step(State state, char c, KeyValueSyntax syntax) {
+    const bool blankEndsKey = syntax == KeyValueSyntax::BlankSeparated;
+    switch (state) {
+        case State::LineStart:
+            if (IsLineBlank(c)) return State::LineStart;
+            return c == '#' || c == '=' ? State::Comment : State::Key;
+        case State::Comment:
+            return c == '\n' ? State::LineStart : State::Comment;
+        case State::Key:
+            if (c == '\n') return State::LineStart;
+            return (blankEndsKey ? IsInnerBlank(c) : c == '=') ? State::AfterKey : State::Key;
+        case State::AfterKey:
+            if (c == '\n') return State::LineStart;
+            return IsInnerBlank(c) ? State::AfterKey : State::Value;
+        case State::Value:
+            return c == '\n' || c == '\0' ? State::LineStart : State::Value;
+    }
+    return State::LineStart;
 }
 
 }  // namespace
@@ -41,27 +52,15 @@ std::optional<KeyValuePair> KeyValueParser::Next() {
     while (position_ <= text_.size()) {
         const std::size_t here = position_++;
         const char c = here < text_.size() ? text_[here] : '\0';
-        switch (state) {
-            case State::LineStart:
-                if (IsLineBlank(c)) break;
-                key.Start(here);
-                state = c == '#' || c == '=' ? State::Comment : State::Key;
-                break;
-            case State::Comment:
-                if (c == '\n') state = State::LineStart;
-                break;
-            case State::Key:
-                state = AfterKeyByte(c, syntax_);
-                if (state == State::Key && !IsInnerBlank(c)) key.last = here;
-                break;
-            case State::AfterKey:
-                state = AfterSeparatorByte(c);
-                if (state == State::Value) value.Start(here);
-                break;
-            case State::Value:
-                if (c == '\n' || c == '\0') return KeyValuePair{key.In(text_), value.In(text_)};
-                if (!IsInnerBlank(c)) value.last = here;
-                break;
+        const State before = std::exchange(state, Step(state, c, syntax_));
+        if (before == State::Value && state == State::LineStart)
+            return KeyValuePair{key.In(text_), value.In(text_)};
+        if (state != State::Key && state != State::Value) continue;
+        Span& span = state == State::Key ? key : value;
+        if (state != before) {
+            span.Start(here);
+        } else if (!IsInnerBlank(c)) {
+            span.last = here;
         }
     }
     return std::nullopt;

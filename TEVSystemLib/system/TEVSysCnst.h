@@ -111,8 +111,8 @@ class TEVSYSTEMLIB_API TEVSysCnst {
     static const std::size_t SZ_STR_ON = 2;
 
     static const bool CHK_DLL_SEARCH_DIRS = false;
-    // Distance between an upper-case and a lower-case ASCII letter; the spelling is part of the
-    // name.
+    // Distance between an upper-case and a lower-case ASCII letter.
+    // KEEP: the spelling of the name is part of the interface.
     static const char ANSCII_DIFF_UPPER_LOWER_ALPHABETS = 32;
     static const char MAX_8_BITS_VAL = 127;
     static const char MIN_8_BITS_VAL = -128;
@@ -129,8 +129,8 @@ class TEVSYSTEMLIB_API TEVSysCnst {
 };
 
 // Keys of the configuration store. The TEV_ENV_ prefixes open its environment directives, the
-// TEV_LOGGER_ texts are values of TEV_LOG_LOGGERS, the _FILE_NAME keys are also the file names, and
-// the ENV_ texts name environment variables.
+// TEV_LOGGER_ texts are values of TEV_LOG_LOGGERS, separated by TEV_LOG_DELIMITER, the _FILE_NAME
+// keys are also the file names, and the ENV_ texts name environment variables.
 class TEVSYSTEMLIB_API TEVSysCnst::PropertyKey {
  public:
     static const char* const TEV_CONST_HT_DEFAULT_TERRAIN_MODEL;

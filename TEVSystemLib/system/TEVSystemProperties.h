@@ -13,8 +13,8 @@ namespace TAMO::TEV::System {
 // the process environment, whose answer is cached in the system table. Folders, file syntax,
 // references, defaults and environment directives: docs/configuration-files.md.
 //
-// The store is created by the first lookup and destroyed at process exit or when the DLL is
-// unloaded. No function throws.
+// The store is created by the first call of any function and destroyed at process exit or when the
+// DLL is unloaded. No public function throws.
 //
 // Threads: no lock. Initialise on one thread; afterwards lookups of keys that only the environment
 // holds still write to the store, so guard them, setting, saving and reloading from outside.
@@ -37,20 +37,21 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     // false, no, 0 (value false). Otherwise false with value false. Blanks are not trimmed.
     static bool GetPropertyAsBool(bool& value, const char* key);
 
-    // Sets a user property in memory; the value is stored as it stands. A null key counts as empty;
-    // a null value is refused.
+    // Sets a user property in memory; the value is stored as it stands. A null key counts as empty.
+    // False, with nothing changed, for a null value or when memory is exhausted.
     static bool SetUserProperty(const char* key, const char* value);
 
     // Writes the user table as sorted "key = value" lines over the existing user file. Comments in
-    // the file are lost. False when no user file exists, the table is empty or the write fell
-    // short; the old content is gone once the file was opened.
+    // the file are lost. False when no user file exists, the table is empty, the file cannot be
+    // opened, or the write fell short; the old content is gone once the file was opened.
     static bool SaveUserProperties();
 
  protected:
     TEVSystemProperties();
     ~TEVSystemProperties();
 
-    // The one instance, created and loaded by the first call.
+    // The one instance, created and loaded by the first call. Throws std::bad_alloc when memory is
+    // exhausted; the next call tries again.
     static TEVSystemProperties& get();
 
     std::map<std::string, std::string>& getProperties();
@@ -61,8 +62,9 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     std::unique_ptr<std::map<std::string, std::string>> userProperties_;
 };
 
-// The value that a well-known key takes when the configured one is missing or invalid. A missing
-// key is not added to the store: the caller applies its default.
+// What the store puts in place of an invalid value of a well-known key, and what the caller applies
+// when the key is missing: the store does not add it. CORVID_CSMXFORM_APPROX_OK is for the caller
+// only.
 class TEVSYSTEMLIB_API TEVSystemProperties::DefaultValue {
  public:
     static const char* const TEV_CNST_HGHT_DEFAULT_TM;

@@ -7,18 +7,15 @@ namespace {
 
 // Fails a test that leaves an allocation behind or releases one wrongly.
 class BalanceListener : public testing::EmptyTestEventListener {
-    void OnTestStart(const testing::TestInfo&) override {
-        live_ = tev::fault::LiveAllocations();
-        wrong_ = tev::fault::WrongReleases();
-    }
+    void OnTestStart(const testing::TestInfo&) override { before_ = tev::fault::Now(); }
 
     void OnTestEnd(const testing::TestInfo&) override {
-        EXPECT_EQ(tev::fault::LiveAllocations() - live_, 0) << "allocations left behind";
-        EXPECT_EQ(tev::fault::WrongReleases() - wrong_, 0) << "wrong releases";
+        const tev::fault::Counters after = tev::fault::Now();
+        EXPECT_EQ(after.live - before_.live, 0) << "allocations left behind";
+        EXPECT_EQ(after.wrong - before_.wrong, 0) << "wrong releases";
     }
 
-    std::ptrdiff_t live_ = 0;
-    std::ptrdiff_t wrong_ = 0;
+    tev::fault::Counters before_;
 };
 
 }  // namespace

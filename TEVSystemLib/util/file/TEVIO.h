@@ -11,7 +11,8 @@ namespace TAMO::TEV::System::Util {
 // A file over GDAL's virtual file layer: plain files and whatever virtual file systems GDAL offers.
 // Paths are UTF-8 and passed through unchanged, but that dirExists accepts a trailing separator on
 // every platform. A null path counts as empty. Nothing throws on an I/O failure: closed files
-// answer 0 or false, and GDAL's error state holds the reason for a failed open.
+// answer 0 or false, and GDAL's error state holds the reason for a failed open. The constructors
+// throw std::bad_alloc when memory is exhausted.
 //
 // Threads: an object belongs to one thread at a time; the static functions are stateless.
 class TEVSYSTEMLIB_API TEVIO {

@@ -8,8 +8,9 @@
 
 namespace TAMO::TEV::System::Util {
 
-// Windows file names, folder listings and key=value files. Paths are 8-bit text in which "/" counts
-// as "\"; one that begins or ends with a plain space is first trimmed of blanks at both ends.
+// Windows file names, folder listings and key=value files. Paths are 8-bit text. GetFileName,
+// GetFileNameIndex and the listing normalise them: one that begins or ends with a plain space is
+// trimmed of blanks at both ends, and "/" is turned into "\".
 //
 // Threads: no shared state; any number of threads may work on distinct data.
 class TEVSYSTEMLIB_API TEVUtilFile {
@@ -24,7 +25,7 @@ class TEVSYSTEMLIB_API TEVUtilFile {
     // "ERROR: Invalid input fully qualified file name and/or NULL output parameter." for an empty
     // path or a null `name` (untouched), "ERROR: Invalid input fully qualified file name." for a
     // path that ends with
-    // "\".
+    // "\"; std::runtime_error "Failed to allocate enough memory to perform requested operation.".
     static bool GetFileName(const char* const path, char** name);
 
     // The position at which the file name begins in the path AS NORMALISED ABOVE (leading blanks
@@ -36,14 +37,16 @@ class TEVSYSTEMLIB_API TEVUtilFile {
     // TEVUtilString::DeleteCStringArray. `directory` and `extension` are UTF-8, the results are in
     // the C locale. Outputs are untouched when the extension is shorter than two characters or ends
     // with
-    // ".", or the folder does not exist; null and 0 on failure and when nothing matches.
+    // ".", or the folder does not exist. Null and 0 when nothing matches and on failure, also when
+    // the C locale lacks a character of one name.
     static void GetFilesInDirWithGivenExt(char**& files, const char* const directory,
                                           const char* const extension, std::size_t& count);
 
     // Adds the pairs of a key=value file to `pairs`; the last line for a key wins, over entries
-    // that were there too. False with `pairs` unchanged when the file cannot be read or is empty;
-    // on exhausted memory false with what was read so far. Syntax: docs/configuration-files.md.
-    // With `blankSeparated` a line is "key value" and "=" is an ordinary character.
+    // that were there too. `fileName` is UTF-8 and passed on as it stands. False with `pairs`
+    // unchanged when the file cannot be read or is empty, or memory is exhausted. Syntax:
+    // docs/configuration-files.md. With `blankSeparated` a line is "key value", and "=" is an
+    // ordinary character but at its start.
     static bool GetKeyValuePairsFromFile(const std::string& fileName,
                                          std::map<std::string, std::string>& pairs,
                                          bool blankSeparated);

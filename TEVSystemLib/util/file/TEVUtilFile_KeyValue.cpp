@@ -16,8 +16,12 @@ bool TEVUtilFile::GetKeyValuePairsFromFile(const std::string& fileName,
     detail::KeyValueParser parser({content.get(), size},
                                   blankSeparated ? detail::KeyValueSyntax::BlankSeparated
                                                  : detail::KeyValueSyntax::EqualSeparated);
+    std::map<std::string, std::string> read;
     while (const auto pair = parser.Next())
-        pairs.insert_or_assign(std::string(pair->key), std::string(pair->value));
+        read.insert_or_assign(std::string(pair->key), std::string(pair->value));
+    // From here on nothing fails: what the file does not name is moved over from `pairs`.
+    read.merge(pairs);
+    pairs.swap(read);
     return true;
 } catch (...) {
     return false;

@@ -12,12 +12,14 @@ std::size_t Allocate(std::size_t count, T** out) {
     if (out == nullptr) return 0;
     *out = nullptr;
     if (count == 0) return 0;
+    // No allocator has that much: refused before the byte count can wrap to a short array.
     if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_alloc();
     *out = new T[count]();
     return count;
 }
 
-// One byte each: a count that leaves no room for a terminator is a caller's -1, not a request.
+// KEEP: the largest count is a caller's -1, not a request, and gives 0; the other kinds throw for
+// it.
 std::size_t AllocateCharacters(std::size_t count, char** out) {
     return Allocate(count == std::numeric_limits<std::size_t>::max() ? 0 : count, out);
 }
@@ -29,6 +31,7 @@ void Deallocate(T** array) {
     *array = nullptr;
 }
 
+// KEEP: what an array of arrays frees differs by kind; the strings in sub-arrays are never its own.
 enum class Elements { Owned, Borrowed };
 
 template <typename T>

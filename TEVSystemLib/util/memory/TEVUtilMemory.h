@@ -10,7 +10,8 @@ namespace TAMO::TEV::System::Util {
 // Allocates and releases the plain arrays that cross the library's interface, so that memory is
 // taken and given back by one allocator whichever module uses it in between.
 //
-// Allocate...: every element of the new array is zero (false, NUL, null). The result is the number
+// Allocate...: the caller owns the array; what the output held before is overwritten, not released.
+// Every element of the new array is zero (false, NUL, null). The result is the number
 // of elements, equal to the count asked for, or 0 with the output null: the count was 0, or the
 // allocator yielded null. A null output pointer gives 0. An exhausted allocator and a byte size
 // beyond size_t throw std::bad_alloc, with the output null.
@@ -22,9 +23,10 @@ namespace TAMO::TEV::System::Util {
 class TEVSYSTEMLIB_API TEVUtilMemory {
  public:
     static std::size_t AllocateBoolArray(std::size_t count, bool** out);
-    // Character counts include the terminator. The largest size_t value is refused with 0.
+    // Counts include the terminator. These two refuse the largest size_t value with 0.
     static std::size_t AllocateCharArray(std::size_t count, char** out);
     static std::size_t AllocateCharArray64(std::size_t count, char** out);
+
     static std::size_t AllocateUnsignedCharArray(std::size_t count, unsigned char** out);
     static std::size_t AllocateWCharTArray(std::size_t count, wchar_t** out);
     static std::size_t AllocateIntArray(std::size_t count, int** out);
@@ -36,7 +38,8 @@ class TEVSYSTEMLIB_API TEVUtilMemory {
     static std::size_t AllocateUInt64Array(std::size_t count, std::uint64_t** out);
     static std::size_t AllocateSizeTArray(std::size_t count, std::size_t** out);
 
-    // Arrays of null pointers. Mind the order: these take the count first ...
+    // Arrays of null pointers.
+    // KEEP: mind the orders, which modules were compiled against: these take the count first ...
     static std::size_t AllocateDoubleArrayPointers(std::size_t count, double*** out);
     static std::size_t AllocateUnsignedCharArrayPointers(std::size_t count, unsigned char*** out);
     static std::size_t AllocateUnsignedIntArrayPointers(std::size_t count, unsigned int*** out);

@@ -14,20 +14,25 @@ namespace TAMO::TEV::System::Util {
 // Ownership: what comes back through char**, wchar_t** or char**& is a new allocation that the
 // caller gives back through the Delete functions below. An output pointer is overwritten, never
 // freed, so a buffer that it still held is lost; MemCopyTrimmedString alone releases it on failure.
-// On failure an output pointer is null unless the function says that it is left untouched.
+// On failure an output pointer is null unless the function says that it is left untouched. Without
+// an output (null) nothing is done and the result is false or 0, unless an exception is named.
 //
-// Errors: functions report failure by their result and let no exception out, except where a
-// std::invalid_argument is named. Functions that name one also throw std::runtime_error "Failed to
-// allocate enough memory to perform requested operation." when memory is exhausted.
+// Errors: functions report failure by their result and let no exception out, except where one is
+// named. Functions that name a std::invalid_argument also throw std::runtime_error: "Failed to
+// allocate enough memory to perform requested operation." when memory is exhausted, "Internal
+// system errors encountered." or "Exception caught while carrying out requested operation." for the
+// rest.
 //
 // Letters and blanks are those of ASCII whatever the locale; a blank is a space, tab, line feed,
 // vertical tab, form feed or carriage return.
 //
-// Threads: no shared state; any number of threads may work on distinct data.
+// Threads: no shared state; any number of threads may work on distinct data. What reads the
+// process's locale says so.
 class TEVSYSTEMLIB_API TEVUtilString {
  public:
     // Release: null is accepted; the caller's pointer becomes null.
     static void DeleteCString(char** text);
+    // Frees the first `count` strings, no more than were allocated, then the array.
     static void DeleteCStringArray(char**& array, std::size_t count);
     // Frees the array only: its strings are borrowed.
     static void DeleteConstCStringArray(const char**& array, std::size_t count);
@@ -45,14 +50,16 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static std::size_t GetCharArray(std::size_t count, char** out, char fill);
 
     // Copying
-    // Copies *length bytes when `length` is given and not 0, without a look at where `source` ends;
-    // otherwise the whole text. An empty or null source is refused.
+    // Copies *length bytes when `length` is given and not 0, without a look at where `source`
+    // ends; otherwise the whole text. A null source, or an empty one without a length, is
+    // refused.
     static bool Copy(const char* const source, char** copy, std::size_t* length);
     // At most *length characters when given and not 0. An empty source gives an empty text and
-    // true.
+    // true; a null one is refused.
     static bool Copy(const wchar_t* source, wchar_t** copy, std::size_t* length);
-    // Appends a copy, which the caller releases from the vector, and then, when `deleteSource` is
-    // true, releases `source` and nulls it. On failure nothing is changed.
+    // Appends a copy, which the caller releases from the vector, and then, when `deleteSource`
+    // is true, releases `source`, which must be the library's, and nulls it. On failure nothing
+    // is changed.
     static bool Copy(const char*& source, std::vector<char*>& out, bool deleteSource,
                      std::size_t* length);
 
@@ -60,7 +67,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static std::string Concat(const char* const first, const char* const second);
     static void Concat(const char* const first, const char* const second, char** out);
 
-    // Comparison: bytewise, use the sign of the result; null orders before any text.
+    // Comparison: bytewise, use the sign of the result; null orders before any text. Ignoring case,
+    // texts end at their first NUL byte.
     static int Compare(const char* const first, const char* const second);
     static int Compare(bool ignoreCase, const char* const first, const char* const second);
     static int Compare(bool ignoreCase, std::string first, std::string second);
@@ -78,6 +86,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // An empty `sub` is contained. Throws std::invalid_argument "Input arguments cannot be a
     // nullptr."
     static bool Contains(const char* const text, const char* const sub);
+    // How often the character occurs; 0 for null.
     static std::size_t CharacterCount(char character, const char* const text);
     // True when each of the first *count characters of `text` (all of them without `count`, or when
     // it is 0) occurs in `allowed`. Null or empty gives false.
@@ -96,16 +105,16 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool SubString(const char* const text, std::size_t start, std::size_t count,
                           std::string& out);
     static bool SubString(const char* const text, std::size_t start, std::size_t count, char** out);
-    // Raw bytes: the caller vouches for text[start .. start + count). A failed std::string is
-    // cleared.
+    // Raw bytes: the caller vouches for text[start .. start + count). Null text and a count of
+    // 0 are refused. A failed std::string is cleared.
     static bool GetBytes(const char* const text, std::size_t start, std::size_t count, char** out);
     static bool GetBytes(const char* const text, std::size_t start, std::size_t count,
                          std::string& out);
 
-    // Replacement: THE ORDER IS input, replacement, pattern. One pass from the left; occurrences
-    // do not overlap and a replacement is not searched again. A null replacement counts as empty;
-    // an empty input or pattern gives the input. Null input throws std::invalid_argument "Argument
-    // "aInputStr" cannot be a nullptr.".
+    // Replacement: THE ORDER IS input, replacement, pattern. One pass from the left;
+    // occurrences do not overlap and a replacement is not searched again. A null replacement
+    // counts as empty; an empty input, an empty or null pattern gives the input. Null input
+    // throws std::invalid_argument "Argument "aInputStr" cannot be a nullptr.".
     static std::string Replace(const std::string& aInputStr, const std::string& replacement,
                                const std::string& pattern);
     static std::string Replace(const char* const aInputStr, const char* const replacement,
@@ -124,8 +133,9 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static void ToUpper(const char* const text, char** out);
 
     // Trimming
-    // Allocates nothing: points into `text` and gives the number of characters that remain. A text
-    // of blanks gives its last character and length 0.
+    // Allocates nothing: points into `text` and gives the number of characters that remain; null or
+    // empty gives itself and 0. A text of blanks gives length 0, at its last character when the
+    // start is trimmed, at its first when only the end is.
     static const char* Trim(const char* const text, std::size_t& length, bool trimStart,
                             bool trimEnd);
     // Null throws std::invalid_argument "Input argument cannot be a nullptr.".
@@ -142,9 +152,12 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // false.
     static bool MemCopyTrimmedString(const char* const text, char** out);
 
-    // Key=value text, split at the first "=". A text without key and "=" throws
-    // std::invalid_argument "Invalid input string. Input string must be in "key=value" format.".
-    // The key is trimmed at its end; a pair shorter than three characters has none.
+    // Key=value text, split at the first "=". Null counts as empty; a text that begins with a
+    // plain space is trimmed at its start. Without "=", or with one at the start, both halves
+    // throw std::invalid_argument "Invalid input string. Input string must be in "key=value"
+    // format.".
+    // The key is trimmed at its end. A key of blanks, and a pair shorter than three characters,
+    // throw too.
     static std::string GetKeyFromKeyValuePair(const char* const pair);
     // A null `key` throws std::invalid_argument "ERROR: Input parameters cannot be NULL or an empty
     // string and must be given in format "key=value".".
@@ -161,17 +174,20 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool Tokenize(const char* const delimiters, const char* const text, char**& tokens,
                          std::size_t& count);
 
-    // Growing an array of owned strings. A null array goes with count 0, a non-null one with more;
-    // a broken pair is refused. The array grows at its end (`append`) or at its front; old strings
-    // are moved. On failure the arguments are left unchanged.
+    // Growing an array of owned strings. The array grows at its end (`append`) or at its front;
+    // old strings are moved. On failure the arguments are left unchanged.
+    // Adds a copy of `entry`; null or empty is refused, and so is a null array with a count or
+    // an array without one.
     static bool AddEntryToStringArray(char**& array, const char* const entry, std::size_t& count,
                                       bool append);
-    // Null slots are skipped, those of `array` dropped. Entries are copied (an empty one is refused
-    // with all of them), or taken over and then `entries` is cleared. The pair of `array` and
-    // `count` is not checked here.
+    // Null entries are skipped, null slots of `array` dropped; no entries at all are a success
+    // that changes nothing. Entries are copied (an empty one is refused, with all of them), or
+    // taken over: then they must be the library's strings, belong to `array` from now on, and
+    // `entries` is cleared. The pair of `array` and `count` is not checked here.
     static bool AddEntriesToStringArray(char**& array, std::size_t& count,
                                         std::vector<char*>& entries, bool append, bool copyEntries);
-    // As above from another array, which is released when its strings are taken over.
+    // From another array; both pairs are checked as above. When the strings are taken over,
+    // `source` is released and becomes null with count 0.
     static bool AddEntriesToStringArray(char**& array, char**& source, std::size_t& count,
                                         std::size_t& sourceCount, bool append, bool takeOver);
 
@@ -190,26 +206,33 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // bytes: use `length`. A null or empty argument: false with the outputs untouched.
     static bool Base64Decode(const char* const encoded, char** decoded, std::size_t& length);
 
-    // Narrow and wide text in the process's C locale. In the "C" locale bytes are U+0000 to
-    // U+00FF. The first succeeds only when every byte gives one character.
+    // Narrow and wide text in the process's C locale, which must not be changed meanwhile. In
+    // the "C" locale bytes are U+0000 to U+00FF.
+    // Succeeds only when every byte gives one character. Null, empty, and 0x7ffffffd bytes and
+    // more are refused.
     static bool ConvertFromCharToWChar(const char* const text, wchar_t** wide);
-    // Throws std::runtime_error "Failed to convert data from wchar to char." for a character that
-    // the locale lacks, with the output null. A null or empty input gives null.
+    // A null or empty input gives null. Throws std::runtime_error "Failed to convert data from
+    // wchar to char." for a character that the locale lacks, and when memory is exhausted
+    // "Failed to allocate enough memory to perform requested operation.".
     static void ConvertFromWCharToChar(const wchar_t* wide, char** text);
 
-    // UTF-8 and UTF-16. Lengths are in bytes and in 16-bit units, terminators not counted.
+    // UTF-8 and UTF-16. Lengths are in bytes and in 16-bit units, terminators not counted; the
+    // length outputs may be null and become 0 on failure. Invalid sequences become U+FFFD.
+    // The system reads `textLength` as a signed 32-bit number: 0x7fffffff is refused, and one
+    // that is negative there CONVERTS UP TO THE TERMINATOR of `text`, which is then counted.
     static bool ConvertFromMultiByteCharToWChar(const char* const text, std::size_t textLength,
                                                 wchar_t** wide, std::size_t* wideLength);
-    // THE OUTPUT COMES FIRST.
+    // THE OUTPUT COMES FIRST. Lengths from 1 to 0x7ffffffe are accepted.
     static bool ConvertFromWCharToMultiByteChar(char** text, const wchar_t* wide,
                                                 std::size_t wideLength, std::size_t* textLength);
 
-    // Numbers to text, as the standard streams write them. An empty result says that the width was
-    // below the minimum or that the formatting failed.
+    // Numbers to text, as the standard streams write them under the global C++ locale, which
+    // must not be changed meanwhile. An empty result says that the width was below the minimum
+    // or that the formatting failed.
     // Justified: 'L' fills with blanks on the right and ignores `zeroFill`; any other selector
     // fills on the left, with zeros behind the sign when `zeroFill` is on, else with blanks and
-    // WITHOUT a plus sign whatever `showPlus` says. Wider values are not cut. The width is at least
-    // 1, with `showPlus` at least 2.
+    // WITHOUT a plus sign whatever `showPlus` says. Wider values are not cut. The width is at
+    // least 1, with `showPlus` at least 2; unsigned values have no plus sign all the same.
     static std::string ToString(char justification, int value, std::uint64_t width, bool showPlus,
                                 bool zeroFill);
     static std::string ToString(char justification, long value, std::uint64_t width, bool showPlus,
@@ -231,7 +254,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static std::string ToString(unsigned long value);
     static std::string ToString(std::int64_t value);
     static std::string ToString(std::uint64_t value);
-    // Digits after the point; a negative precision means 20.
+    // Exponent form with `scientific`, else fixed. Digits after the point; a negative precision
+    // means 20.
     static std::string ToString(double value, bool scientific, int precision);
     static bool ToString(char** out, double value, bool scientific, int precision);
 

@@ -67,6 +67,7 @@ bool TEVUtilString::AddEntryToStringArray(char**& array, const char* const entry
 bool TEVUtilString::AddEntriesToStringArray(char**& array, std::size_t& count,
                                             std::vector<char*>& entries, bool append,
                                             bool copyEntries) try {
+    // KEEP: array and count are not checked against each other here; the caller keeps them.
     if (entries.empty()) return true;
     if (copyEntries) return GrowByCopies(array, count, entries, append);
     Grow(array, count, entries, append);
@@ -96,6 +97,7 @@ std::size_t TEVUtilString::GetCStringVectorContainerArray(
     std::size_t count, std::vector<const char*>**& containers) try {
     if (count == 0) return 0;
     containers = nullptr;
+    // Not an array of text, and so none of TEVUtilMemory's kinds.
     containers = new std::vector<const char*>*[count]();
     return count;
 } catch (...) {

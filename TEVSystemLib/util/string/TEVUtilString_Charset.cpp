@@ -71,6 +71,7 @@ bool TEVUtilString::ConvertFromMultiByteCharToWChar(const char* const text, std:
     return false;
 }
 
+// KEEP: the output comes first in this one.
 bool TEVUtilString::ConvertFromWCharToMultiByteChar(char** text, const wchar_t* wide,
                                                     std::size_t wideLength,
                                                     std::size_t* textLength) try {

@@ -56,6 +56,7 @@ std::size_t TEVUtilString::GetConstCStringArray(const char**& out, std::size_t c
     return TEVUtilMemory::AllocateConstCStringArray(out, count);
 }
 
+// KEEP: one byte more than the form without `fill`, which counts bytes, not characters.
 std::size_t TEVUtilString::GetCharArray(std::size_t count, char** out, char fill) try {
     if (out == nullptr) return 0;
     *out = nullptr;
@@ -72,6 +73,7 @@ bool TEVUtilString::Copy(const char* const source, char** copy, std::size_t* len
     if (copy == nullptr) return false;
     *copy = nullptr;
     if (source == nullptr) return false;
+    // KEEP: a given length is trusted, whatever ends the text before it.
     const std::size_t count = IsGiven(length) ? *length : std::strlen(source);
     return detail::HandOutUnlessEmpty({source, count}, copy);
 } catch (...) {
@@ -130,6 +132,7 @@ bool TEVUtilString::GetBytes(const char* const text, std::size_t start, std::siz
                              char** out) try {
     if (out == nullptr) return false;
     *out = nullptr;
+    // KEEP: the caller vouches for the range; the text may hold NUL bytes.
     return text != nullptr && detail::HandOutUnlessEmpty({text + start, count}, out);
 } catch (...) {
     return false;

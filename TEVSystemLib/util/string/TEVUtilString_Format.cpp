@@ -44,6 +44,7 @@ bool ShowsPlus(char justification, bool showPlus, bool zeroFill) {
 }
 
 detail::Fill FillOf(char justification, bool zeroFill) {
+    // KEEP: 'L' ignores the zero fill; zeros behind a number would change it.
     if (justification == 'L') return detail::Fill::BlanksRight;
     return zeroFill ? detail::Fill::ZerosBehindSign : detail::Fill::BlanksLeft;
 }
@@ -92,7 +93,7 @@ std::string TEVUtilString::ToString(char justification, std::uint64_t value, std
     return Justify(justification, value, width, showPlus, zeroFill);
 }
 
-// KEEP: here the width comes before the value.
+// KEEP: the 64-bit argument is the width, and so comes before the value here.
 std::string TEVUtilString::ToString(char justification, std::uint64_t width, unsigned int value,
                                     bool showPlus, bool zeroFill) {
     return Justify(justification, value, width, showPlus, zeroFill);

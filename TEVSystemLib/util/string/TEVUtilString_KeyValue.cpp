@@ -49,11 +49,13 @@ void TEVUtilString::GetValueFromKeyValuePair(const char* const pair, char** valu
             "ERROR: Input parameters cannot be a nullptr or an empty string and must be given in "
             "format \"key=value\".");
     *value = nullptr;
+    // KEEP: an empty value is handed out as null, which no caller needs to release.
     detail::HandOutUnlessEmpty(GetValueFromKeyValuePair(pair), value);
 } catch (...) {
     detail::RethrowTranslated();
 }
 
+// KEEP: the delimiters come before the text.
 bool TEVUtilString::Tokenize(const char* const delimiters, const char* const text, char**& tokens,
                              std::size_t& count) try {
     if (detail::OrEmpty(delimiters).empty() || detail::OrEmpty(text).empty()) return false;

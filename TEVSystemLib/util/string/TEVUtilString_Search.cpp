@@ -14,7 +14,7 @@ int ToPosition(std::size_t found) {
     return found == std::string_view::npos ? -1 : static_cast<int>(found);
 }
 
-// The searches word their refusals differently, on purpose.
+// KEEP: each function has its own wording of the refusal; hosts know them apart by it.
 void RequireTexts(const char* first, const char* second, const char* message) {
     if (detail::OrEmpty(first).empty() || detail::OrEmpty(second).empty())
         detail::ThrowInvalidArgument(message);
@@ -42,6 +42,7 @@ int TEVUtilString::Compare(bool ignoreCase, const char* const first, const char*
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): by value is the interface.
 int TEVUtilString::Compare(bool ignoreCase, std::string first, std::string second) {
+    // KEEP: ignoring case the texts end at their first NUL byte.
     return ignoreCase ? Compare(true, first.c_str(), second.c_str()) : first.compare(second);
 }
 
@@ -50,6 +51,7 @@ int TEVUtilString::Find(const char* const text, const char* const sub) {
     return ToPosition(std::string_view(text).find(sub));
 }
 
+// KEEP: a search for any of a set of characters, unlike Find's for a text.
 int TEVUtilString::IndexOf(const char* const text, const char* const chars) {
     RequireTexts(text, chars, "Input arguments cannot be a nullptr or an empty string.");
     return ToPosition(std::string_view(text).find_first_of(chars));
@@ -79,6 +81,7 @@ bool TEVUtilString::IsInRange(const char*& allowed, const char* const text, std:
     return examined.find_first_not_of(set) == std::string_view::npos;
 }
 
+// KEEP: here and in EndWith the pattern comes first.
 bool TEVUtilString::StartWith(const char* const prefix, const char* const text) {
     return StartWith(false, prefix, text);
 }

@@ -15,6 +15,7 @@ std::string_view Require(const char* text) {
     return text;
 }
 
+// KEEP: the order is input, replacement, pattern.
 std::string ReplaceAll(std::string_view input, std::string_view replacement,
                        std::string_view pattern) {
     if (pattern.empty()) return std::string(input);
@@ -29,7 +30,7 @@ std::string ReplaceAll(std::string_view input, std::string_view replacement,
 
 void HandOutMapped(const char* text, char** out, char (*map)(char)) {
     if (out != nullptr) *out = nullptr;
-    // KEEP: an empty text is refused here, with the text for a null one.
+    // KEEP: an empty text is refused here, with the message for a null one, and that in the plural.
     if (out == nullptr || detail::OrEmpty(text).empty())
         detail::ThrowInvalidArgument("Input arguments cannot be a nullptr.");
     const std::string_view source = text;
@@ -57,6 +58,7 @@ std::string TEVUtilString::Concat(const char* const first, const char* const sec
     return {};
 }
 
+// KEEP: a null text gives null here, and counts as empty above.
 void TEVUtilString::Concat(const char* const first, const char* const second, char** out) try {
     if (out == nullptr) return;
     *out = nullptr;

@@ -11,10 +11,10 @@ struct HINSTANCE__;  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dc
 namespace TAMO::TEV::System::Util {
 
 // Windows host services. Text is in the process's ANSI code page unless said otherwise; names,
-// values and paths that begin or end with a plain space are trimmed of blanks at both ends. New C
-// strings are released with TEVUtilString::DeleteCString, arrays of them with
-// TEVUtilString::DeleteCStringArray. Failures show in the result, with outputs null; only
-// GetPathEnvVariable throws.
+// values and paths that begin or end with a plain space are trimmed of blanks at both ends, but for
+// DirectoryExists and FileExists, which take the path as it is. New C strings are released with
+// TEVUtilString::DeleteCString, arrays of them with TEVUtilString::DeleteCStringArray. Failures
+// show in the result, with outputs null; only GetPathEnvVariable throws.
 //
 // Threads: no lock is taken. The environment and, during LoadModule, the DLL search path belong to
 // the whole process; the other functions may run on any thread.
@@ -29,39 +29,46 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // TRUE ONLY FOR AN EXISTING DIRECTORY, false for every file: call TEVIO::exists for files.
     static bool FileExists(char const* const path);
 
-    // The variable's value as a new C string in the C locale, or null when it is not set, empty, or
-    // not representable there.
+    // Reading takes names, and gives values, in the C locale.
+    // The variable's value as a new C string; null when it is not set, empty, or not representable.
     static void GetEnv(const char* const name, char** value);
     // As GetEnv, for a folder: trimmed, and ended with "/" unless it ends with "\" or "/". Throws
     // std::runtime_error "Runtime error encountered while retrieving Windows System encironment
-    // variable." when reading fails, with null.
+    // variable." when reading fails, also for a value that is not representable, with null.
     static void GetPathEnvVariable(const char* const name, char** value);
-    // An empty variable counts as absent.
+    // A variable that GetEnv reads as null counts as absent.
     static bool EnvironmentVariableExists(const char* const name);
     // All variables as two parallel arrays of new C strings, sorted bytewise by name. Variables
-    // that are empty, nameless or not representable in the C locale are left out; of the per-drive
-    // folders only drive C's is listed, under the name "=C:".
+    // that are empty, nameless or not representable are left out; of the per-drive folders only
+    // drive C's is listed, under the name "=C:" as the system spells it. False when nothing is
+    // left.
     static bool GetCurrentProcessEnvironmentVariables(char**& names, char**& values,
                                                       std::size_t& count);
+
     // Sets a variable of this process, or deletes it when `value` is null or empty, in the system's
-    // environment and the C runtime's. Values of 32767 characters and more are refused.
+    // environment and the C runtime's. False for an empty name, a value of 32767 characters or
+    // more, and when the system refuses.
     static bool SetSessionEnvironmentVariable(const char* const name, const char* const value);
-    // Edits a list separated by ";". Operation 0 adds an element, at the front with `prepend`,
-    // unless it is there already; 1 removes the first equal element; elements compare ignoring
-    // case. Blank elements fall away when the list is stored. A variable that is not set is never
+    // Edits a list separated by ";", read as by GetEnv. Operation 0 adds an element, at the front
+    // with `prepend`, unless it is there already; 1 removes the first equal element; elements
+    // compare ignoring case. Elements of which trimming leaves nothing fall away when the list is
+    // stored. True also when there was nothing to add or remove. False without a change for an
+    // empty name or element, another operation, and a variable that reads as null: none is ever
     // created. Removing the last element deletes the variable.
     static bool ModifySessionEnvironmentVariable(const char* const name, const char* const value,
                                                  bool prepend, int operation);
 
     // Loads a module with `dirs` (null, empty and missing ones are skipped) searched too; with none
     // left in the system's ordinary order. The caller releases with FreeModuleHandle. On failure
-    // `error` holds the system's code and message; it is empty when the system gave none.
+    // `error` holds the system's code and message, or the code alone when there is no message; it
+    // is empty for an empty name or without a code. A folder is looked for as UTF-8 and added in
+    // the ANSI code page: ASCII names are sure to be found.
     static bool LoadModule(char const* const name, HINSTANCE__*& module, std::string& error,
                            char const** dirs, std::uint64_t count);
     // The same with a system error code instead of a text. ASKING FOR THE CODE CHANGES THE SEARCH:
     // with `dirs` and a non-null `code`, a failed load is tried once more in the ordinary order,
-    // only to say why; a success of it is returned. `code` is -1 for an empty name, 0 for success
-    // with `dirs`.
+    // only to say why; a success of it is returned. `code` is -1 for an empty name, 0 when the load
+    // with `dirs` succeeded, else the last error of the ordinary load, EVEN AFTER ITS SUCCESS.
     static bool LoadModule(char const* const name, HINSTANCE__*& module, char const** dirs,
                            std::uint64_t count, int* code);
     // Releases a module and nulls the handle; null is left alone.
@@ -69,7 +76,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
 
     // The full file name of a module loaded in this process as a new C string; null if not loaded.
     static char* GetModuleFullyQualifiedName(char const* const name);
-    // Its folder, ending with "\", as a new C string; null if not loaded.
+    // Its folder, ending with "\", as a new C string; null if not loaded, or when `name` is no
+    // shorter than the full file name.
     static char* GetModuleFullyQualifiedPath(char const* const name);
     // The part before `text` (any letter case), ending with "\", of the path of the last-listed
     // module that contains it, but not at its start. Pass "\name.dll". False clears `folder`.

@@ -58,6 +58,7 @@ void TEVUtilWindows::GetPathEnvVariable(const char* const name, char** value) tr
     if (const auto read = detail::ReadPathVariable(detail::OrEmpty(name)))
         detail::HandOut(*read, value);
 } catch (...) {
+    // KEEP: "encironment" is how hosts know the message.
     detail::ThrowRuntimeError(
         "Runtime error encountered while retrieving Windows System encironment variable.");
 }
@@ -112,7 +113,7 @@ bool TEVUtilWindows::ModifySessionEnvironmentVariable(const char* const name,
     const std::string element = Trimmed(value);
     if (variable.empty() || element.empty()) return false;
     const auto list = detail::ReadVariable(variable);
-    // KEEP: a variable that is not set is never created here.
+    // KEEP: a variable that is not set is never created here: that is for the setter.
     if (!list || (operation != kAdd && operation != kRemove)) return false;
     if (operation == kRemove)
         return SetSessionEnvironmentVariable(variable.c_str(),

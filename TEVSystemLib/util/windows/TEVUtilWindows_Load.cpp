@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "TEVSystemLib/util/file/detail/PathText.h"
@@ -55,7 +56,9 @@ LoadOutcome LoadWithFolders(const std::string& name, const std::vector<std::stri
     SearchDirectories added;
     for (const std::string& folder : folders) {
         const std::wstring wide = detail::FromAnsi(folder);
-        if (added.count(folder) == 0) added.emplace(folder, AddDllDirectory(wide.c_str()));
+        if (added.count(folder) != 0) continue;
+        detail::Handle<SearchDirectoryTraits> cookie(AddDllDirectory(wide.c_str()));
+        added.emplace(folder, std::move(cookie));
     }
     const HMODULE module =
         LoadLibraryExW(wideName.c_str(), nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
@@ -110,6 +113,7 @@ bool TEVUtilWindows::LoadModule(char const* const name, HINSTANCE__*& module, ch
     if (folders.empty()) {
         const LoadOutcome outcome = LoadInOrdinaryOrder(path);
         module = outcome.module;
+        // KEEP: the last error also after a success; hosts look at the result first.
         if (code != nullptr) *code = static_cast<int>(outcome.error);
         return module != nullptr;
     }

@@ -35,7 +35,8 @@ std::vector<HMODULE> ModulesOf(const Process& process) {
     constexpr DWORD kModulesPerAttempt = 6144;
     constexpr DWORD kMaxAttempts = 10;
     for (DWORD attempt = 1; attempt <= kMaxAttempts; ++attempt) {
-        // KEEP: the entry count is also the size in bytes that the system is told.
+        // KEEP: the entry count is also the size in bytes that the system is told, which leaves
+        // room for an eighth of the entries; ten attempts make up for it.
         const DWORD size = kModulesPerAttempt * attempt;
         std::vector<HMODULE> modules(size);
         DWORD needed = 0;
@@ -84,11 +85,12 @@ bool TEVUtilWindows::RetrieveFullyQualifiedModulePath(char const* const text,
     const Process process = Open(processId);
     if (!process) return false;
     const auto modules = ModulesOf(process);
+    // KEEP: from the end, so that the module listed last wins.
     for (auto module = modules.rbegin(); module != modules.rend(); ++module) {
         const auto path = FileNameOf(process, *module);
         if (!path) continue;
         const std::size_t found = detail::ToUpper(*path).find(wanted);
-        // KEEP: a match at the very start of the path is none.
+        // KEEP: a match at the very start of the path is none; it leaves no folder.
         if (found == std::string::npos || found == 0) continue;
         folder = detail::WithEndingSeparator(detail::WithBackslashes(path->substr(0, found)));
         return true;
@@ -108,6 +110,7 @@ bool TEVUtilWindows::RetrieveAllLoadedModulesInCurrentProcess(char**& modules,
     std::vector<std::string> names;
     for (const HMODULE module : ModulesOf(process)) {
         auto name = FileNameOf(process, module);
+        // KEEP: the list ends at the first name that cannot be read.
         if (!name) break;
         names.push_back(*std::move(name));
     }

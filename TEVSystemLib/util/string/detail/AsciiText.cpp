@@ -51,11 +51,14 @@ std::string_view Trim(std::string_view text, bool start, bool end) {
     if (end) {
         while (last > first && IsBlank(text[last])) --last;
     }
+    // KEEP: the scan stops at the last character it can keep, so that a text of blanks whose start
+    // stays keeps its place there, and a single blank is nothing even untrimmed.
     const bool nothingLeft = first == last && IsBlank(text[first]);
     return text.substr(first, nothingLeft ? 0 : last - first + 1);
 }
 
 std::string_view TrimIfSpaced(std::string_view text) {
+    // KEEP: only a plain space starts the trimming; a text between tabs keeps them.
     if (text.empty() || (text.front() != ' ' && text.back() != ' ')) return text;
     return Trim(text);
 }

@@ -20,8 +20,9 @@ int Compare(std::string_view first, std::string_view second);
 int CompareIgnoringCase(std::string_view first, std::string_view second);
 bool EqualsIgnoringCase(std::string_view first, std::string_view second);
 
-// Without the blanks at the ends asked for. Of a text of blanks nothing is left, at its last
-// character when the start was trimmed.
+// Without the blanks at the ends asked for. A text of blanks leaves nothing when an end is
+// trimmed, nor does a single blank in any case; the empty view then stands where the scan
+// stopped.
 std::string_view Trim(std::string_view text, bool start = true, bool end = true);
 
 // A null pointer counts as the empty text.

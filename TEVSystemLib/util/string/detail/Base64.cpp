@@ -41,6 +41,8 @@ std::string Base64Encode(std::string_view bytes) {
 }
 
 std::string Base64Decode(std::string_view text) {
+    // KEEP: a foreign character, a line break too, ends the input without an error; a lone last
+    // character adds nothing.
     std::size_t length = 0;
     while (length < text.size() && Sextet(text[length]) != kForeign) ++length;
     text = text.substr(0, length);

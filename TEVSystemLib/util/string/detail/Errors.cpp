@@ -14,9 +14,18 @@ const std::runtime_error kOutOfMemory(
 
 }  // namespace
 
-void ThrowInvalidArgument(const char* message) { throw std::invalid_argument(message); }
+// The exceptions copy their message: with exhausted memory the one made at load leaves instead.
+void ThrowInvalidArgument(const char* message) try {
+    throw std::invalid_argument(message);
+} catch (const std::bad_alloc&) {
+    throw std::runtime_error(kOutOfMemory);
+}
 
-void ThrowRuntimeError(const char* message) { throw std::runtime_error(message); }
+void ThrowRuntimeError(const char* message) try {
+    throw std::runtime_error(message);
+} catch (const std::bad_alloc&) {
+    throw std::runtime_error(kOutOfMemory);
+}
 
 void ThrowInternalError() { ThrowRuntimeError("Internal system errors encountered."); }
 

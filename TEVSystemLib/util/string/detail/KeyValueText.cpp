@@ -12,6 +12,7 @@ struct Halves {
 };
 
 std::optional<Halves> Split(std::string_view pair, std::size_t minimumLength) {
+    // KEEP: only a plain space starts the trimming.
     if (!pair.empty() && pair.front() == ' ') pair = Trim(pair, true, false);
     const std::size_t separator = pair.find('=');
     if (pair.size() < minimumLength || separator == std::string_view::npos || separator == 0)
@@ -30,6 +31,7 @@ std::optional<std::string_view> KeyOf(std::string_view pair) {
     return key;
 }
 
+// KEEP: blanks around a value are part of it.
 std::optional<std::string_view> ValueOf(std::string_view pair) {
     const auto halves = Split(pair, 2);
     if (!halves) return std::nullopt;

@@ -1,5 +1,7 @@
 #include "TEVSystemLib/util/windows/detail/EnvironmentList.h"
 
+#include <TEVSystemLib/system/TEVSysCnst.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -14,7 +16,7 @@ using Elements = std::vector<std::string_view>;
 
 Elements Split(std::string_view list) {
     Elements elements;
-    for (const std::string_view piece : Tokens(";", list)) {
+    for (const std::string_view piece : Tokens(TEVSysCnst::DELIMITER_SEMICOLON, list)) {
         const std::string_view element = TrimIfSpaced(piece);
         if (!element.empty()) elements.push_back(element);
     }
@@ -24,7 +26,7 @@ Elements Split(std::string_view list) {
 std::string Join(const Elements& elements) {
     std::string list;
     for (const std::string_view element : elements) {
-        if (!list.empty()) list += ';';
+        if (!list.empty()) list += TEVSysCnst::DELIMITER_SEMICOLON;
         list += element;
     }
     return list;
@@ -60,7 +62,7 @@ std::optional<EnvironmentEntry> SplitEnvironmentEntry(std::string_view entry) {
 
     entry = TrimIfSpaced(entry);
     if (entry.size() < kMinimumLength) return std::nullopt;
-    // KEEP: of the per-drive entries only drive C's is recognised.
+    // KEEP: of the per-drive entries only drive C's is recognised; hosts know no other.
     if (EqualsIgnoringCase(entry.substr(0, kDriveC.size()), kDriveC))
         return EnvironmentEntry{entry.substr(0, kDriveNameLength),
                                 entry.substr(kDriveNameLength + 1)};

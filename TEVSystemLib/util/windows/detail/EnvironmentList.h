@@ -9,8 +9,8 @@ namespace TAMO::TEV::System::Util::detail {
 
 enum class ListPlace { Front, Back };
 
-// Edits of a ";"-separated list: the text to store, without blank elements and with every element
-// trimmed if a plain space stands at one of its ends. Elements compare ignoring case.
+// Edits of a ";"-separated list: the text to store. Every element is trimmed if a plain space
+// stands at one of its ends, and falls away when nothing is left. Elements compare ignoring case.
 // Nothing to store when the element is there already.
 std::optional<std::string> AddToList(std::string_view list, std::string_view element,
                                      ListPlace place);

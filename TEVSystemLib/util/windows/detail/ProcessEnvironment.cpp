@@ -25,13 +25,15 @@ OwnedWideText ToWide(std::string_view name) {
     return OwnedWideText(wide);
 }
 
-// Null when the variable is not set.
+// Null when the variable is not set. The first attempt fits every value that the system keeps; the
+// others are for a value that grows meanwhile.
 OwnedWideText ReadWide(const wchar_t* name) {
     std::size_t bufferChars = kEnvironmentBufferChars;
     for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
         OwnedWideText value = MakeWideText(bufferChars - 1);
         const auto size = static_cast<DWORD>(std::min(bufferChars, kMaxEnvironmentSize));
         const DWORD length = GetEnvironmentVariableW(name, value.get(), size);
+        // KEEP: an empty value is not told from a variable that is not set; lists treat both alike.
         if (length == 0) return nullptr;
         if (length < size) {
             value[length] = L'\0';
@@ -55,7 +57,7 @@ std::optional<std::string> ReadVariable(std::string_view name) {
 std::optional<std::string> ReadPathVariable(std::string_view name) {
     const auto value = ReadVariable(name);
     if (!value) return std::nullopt;
-    // KEEP: a forward slash, although folders elsewhere end with a backslash.
+    // KEEP: a forward slash, although folders elsewhere end with a backslash; Windows takes both.
     return WithEndingSeparator(std::string(TrimIfSpaced(*value)), '/');
 }
 

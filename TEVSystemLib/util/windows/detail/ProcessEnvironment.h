@@ -8,7 +8,7 @@
 // reads as not set.
 namespace TAMO::TEV::System::Util::detail {
 
-// Throws when the value has no form in the C locale, or memory is exhausted.
+// Throws when the value has no form in the C locale, or memory for it is exhausted.
 std::optional<std::string> ReadVariable(std::string_view name);
 
 // Trimmed and ended with "/" unless it ends with a separator. Throws as above.

@@ -24,6 +24,7 @@ std::optional<std::string> ModuleFileName(std::string_view name) {
 
 std::optional<std::string> ModuleFolder(std::string_view name) {
     const auto path = ModuleFileName(name);
+    // KEEP: a module asked for by its full path has no folder here; the name alone is wanted.
     if (!path || path->size() <= TrimIfSpaced(name).size()) return std::nullopt;
     const auto folder = FolderOf(*path);
     if (!folder || folder->size() <= 1) return std::nullopt;

@@ -14,17 +14,20 @@ cd "$work"
 
 # The folder as Windows programs see it under Wine.
 place=Z:${work//\//\\}
+bin=$(dirname "$tevsys")
+bin=Z:${bin//\//\\}
 export TEV_DEMO_DIR=$place TEV_SYS_CONFIG_DIR=$place\\system\\ TEV_USER_CONFIG_DIR=$place\\user\\
 # What the directives find.
 export DEMO_LIST='alpha;beta' DEMO_OLD=obsolete DEMO_MODE=slow DEMO_KIT='C:\old kit'
 export DEMO_PLUGINS='one;two;three'
-unset DEMO_NEW DEMO_DATA DEMO_BROKEN DEMO_GONE DEMO_ABSENT DEMO_MINE
+unset DEMO_NEW DEMO_DATA DEMO_BROKEN DEMO_GONE DEMO_ABSENT DEMO_MINE KPT_DATA_DIR CSM_PLUGIN_DIR
 
 heading() { printf '\n' && say "$@"; }
 
-# as_shown TEXT: with the folder and the prefix's own PATH replaced.
+# as_shown TEXT: with the folders and the prefix's own PATH replaced.
 as_shown() {
     local text=${1//"$place"/'{DEMO}'}
+    text=${text//"$bin"/'{BIN}'}
     [ -z "${plain_path:-}" ] || text=${text//"$plain_path"/'{PATH}'}
     printf '%s' "$text"
 }
@@ -84,6 +87,17 @@ printf '\nThe user file now:\n'
 user=$(<"$work/user/tev.user.properties")
 printf '%s\n' "${user//"$place"/'{DEMO}'}"
 grep -qxF 'demo.theme = grey' <<<"$user" || die "the demo expected the theme in the user file"
+
+heading "where: this program ({BIN} is $bin), the framework, its toolkit, the documents"
+# What marks a toolkit is a folder with the name of a library.
+mkdir -p kit/lib/CSMAPI.dll
+KPT_DATA_DIR=$place/kit/data run where
+expect 0
+grep -qxF $'exe\t{BIN}\\\tthis program' <<<"$shown" || die "the demo expected its own folder"
+grep -q $'^program\t-\tnot found: ' <<<"$shown" || die "the demo expected no marker module"
+grep -qxF $'toolkit\t{DEMO}\\kit\\lib\\\tvariable KPT_DATA_DIR' <<<"$shown" ||
+    die "the demo expected the toolkit in its copy of examples/demo/kit"
+grep -q $'^documents\t' <<<"$shown" || die "the demo expected a line about the documents"
 
 heading "wrong usage"
 run get

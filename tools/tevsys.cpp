@@ -1,4 +1,4 @@
-// Shows and changes the configuration that the programs of this machine see through TEVSystemLib.
+// Shows and changes what the programs of this machine see through TEVSystemLib.
 
 #include <TEVSystemLib/system/TEVSysCnst.h>
 #include <TEVSystemLib/system/TEVSystemProperties.h>
@@ -14,6 +14,7 @@
 
 #include "tools/tevsys_demo.h"
 #include "tools/tevsys_store.h"
+#include "tools/tevsys_where.h"
 
 namespace {
 
@@ -83,6 +84,12 @@ ExitCode Env() {
     return kDone;
 }
 
+ExitCode Where() {
+    TEVSystemProperties::InitializeProperties();
+    tevsys::ShowWhere(std::cout);
+    return kDone;
+}
+
 ExitCode Demo() {
     tevsys::ShowHostView(std::cout);
     return kDone;
@@ -120,6 +127,17 @@ void AddVerbs(CLI::App& app, Arguments& arguments) {
         app.add_subcommand("env", "Print the environment after the system file's directives");
     env->callback([&a] { a.verb = Env; });
     env->footer("Lines of name=value, sorted.");
+
+    CLI::App* where =
+        app.add_subcommand("where", "Print where programs, toolkit and documents are");
+    where->callback([&a] { a.verb = Where; });
+    where->footer(
+        "Lines of name<TAB>folder<TAB>how; the folder is - when it was not found.\n"
+        "  exe        this program\n"
+        "  program    the framework, by a loaded module: Plinth.dll, SensorSupportDataLib.dll or\n"
+        "             MeasureKitLib.dll; tevsys loads none, so only a host finds it\n"
+        "  toolkit    by KPT_DATA_DIR, else CSM_PLUGIN_DIR, after the system file's directives\n"
+        "  documents  the user's Documents folder");
 
     CLI::App* demo = app.add_subcommand("demo", "Print what a host sees, for people to read");
     demo->callback([&a] { a.verb = Demo; });

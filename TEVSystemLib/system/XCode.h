@@ -7,7 +7,7 @@
 namespace TAMO::TEV::System {
 
 // Levels that the framework reads from configuration text and passes between modules as integers.
-// The class holds the enumeration and its texts only; it is never instantiated.
+// Nothing throws; safe from any thread. The class is never instantiated.
 class TEVSYSTEMLIB_API XCode {
  public:
     enum Instruction : int {
@@ -30,6 +30,14 @@ class TEVSYSTEMLIB_API XCode {
     static const std::size_t SZ_STR_MAXIMUM = 7;
     static const std::size_t SZ_STR_MINIMUM = 7;
     static const std::size_t SZ_STR_UNINITIALIZED = 13;
+
+    // A number or value that is no level gives Unknown, or -1.
+    static Instruction FromIntToXCodeInstruction(int value);
+    static int FromXCodeInstructionToInt(Instruction value);
+
+    // The level that a text names in any letter case, trimmed if a plain space stands at an end;
+    // Unknown for any other text.
+    static Instruction GetXCodeInstruction(const char* const text);
 
  private:
     XCode() = default;

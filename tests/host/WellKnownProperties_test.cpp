@@ -66,7 +66,7 @@ TEST(CorrectedValue, LoggerLists) {
           "console|console"})
         EXPECT_EQ(Corrected("tev.log.loggers", list), list);
     for (const char* list :
-         {"", "printer", "console|printer", "printer|console", "console,html.file",
+         {"", "|", "||", "printer", "console|printer", "printer|console", "console,html.file",
           "console |html.file", " console", "console|html", "html.file.x"})
         EXPECT_EQ(Corrected("tev.log.loggers", list), "plain.file") << list;
 }

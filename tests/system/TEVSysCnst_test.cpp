@@ -126,6 +126,10 @@ TEST(TEVSysCnst, Sizes) {
     tev::test::ExpectValues(rows);
 }
 
+TEST(TEVSysCnst, LargestSizeHasAll64BitsSet) {
+    EXPECT_EQ(TEVSysCnst::MAX_SIZE_T, 0xFFFFFFFFFFFFFFFF);
+}
+
 TEST(TEVSysCnst, Switches) {
     const Constant<bool> rows[] = {
         {"CHK_DLL_SEARCH_DIRS", TEVSysCnst::CHK_DLL_SEARCH_DIRS, false},
@@ -221,17 +225,36 @@ TEST(PropertyKey, LoggerDelimiterIsTheVerticalBar) {
     EXPECT_STREQ(Key::TEV_LOG_DELIMITER, TEVSysCnst::DELIMITER_VERTICAL_BAR);
 }
 
+TEST(PropertyKey, LoggerNamesAreValuesAmongTheKeys_Kept) {
+    const TextConstant rows[] = {
+        {"TEV_LOGGER_CONSOLE", Key::TEV_LOGGER_CONSOLE, "console"},
+        {"TEV_LOGGER_HTML_FILE", Key::TEV_LOGGER_HTML_FILE, "html.file"},
+        {"TEV_LOGGER_PLAIN_FILE", Key::TEV_LOGGER_PLAIN_FILE, "plain.file"},
+        {"TEV_LOGGER_TIME_BASED_ROLLING_HTML_FILE", Key::TEV_LOGGER_TIME_BASED_ROLLING_HTML_FILE,
+         "time.based.rolling.html.file"},
+        {"TEV_LOGGER_TIME_BASED_ROLLING_PLAIN_FILE", Key::TEV_LOGGER_TIME_BASED_ROLLING_PLAIN_FILE,
+         "time.based.rolling.plain.file"},
+    };
+    tev::test::ExpectTexts(rows);
+    for (const TextConstant& row : rows)
+        EXPECT_NE(std::string(row.Actual()).rfind("tev.", 0), 0U) << row.name << " is no key";
+}
+
 TEST(PropertyKeyCSM, Texts) { tev::test::ExpectTexts(tev::test::PropertyKeyCsmTexts()); }
 
 TEST(DefaultValue, Texts) { tev::test::ExpectTexts(tev::test::DefaultValueTexts()); }
 
 TEST(ClassificationMarking, Texts) {
     const TextConstant rows[] = {
-        {"CLASS_C", Marking::CLASS_C, "C"},
-        {"CLASS_R", Marking::CLASS_R, "R"},
-        {"CLASS_S", Marking::CLASS_S, "S"},
-        {"CLASS_T", Marking::CLASS_T, "T"},
+        {"CLASS_C", Marking::CLASS_C, "C"}, {"CLASS_R", Marking::CLASS_R, "R"},
+        {"CLASS_S", Marking::CLASS_S, "S"}, {"CLASS_T", Marking::CLASS_T, "T"},
         {"CLASS_U", Marking::CLASS_U, "U"},
+    };
+    tev::test::ExpectTexts(rows);
+}
+
+TEST(ClassificationMarking, PortionMarkingsEndWithABlank_Kept) {
+    const TextConstant rows[] = {
         {"STR_SC_C", Marking::STR_SC_C, "(C) "},
         {"STR_SC_S", Marking::STR_SC_S, "(S) "},
         {"STR_SC_S_REL_TO_US_FVEY", Marking::STR_SC_S_REL_TO_US_FVEY, "(S//REL TO USA, FVEY) "},

@@ -92,7 +92,7 @@ TEST_F(SystemFolder, IsEmptyWithoutAnySystemFile) {
     EXPECT_THAT(Get(kSystemFile), Optional(std::string("tev.system.properties")));
 }
 
-TEST_F(SystemFolder, BareFileNameIsTriedInTheCurrentFolder) {
+TEST_F(SystemFolder, BareFileNameIsTriedInTheCurrentFolder_Kept) {
     const Folder folder;
     const CurrentFolder current(folder);
     folder.Write(kSystemFile, "a=current\n");

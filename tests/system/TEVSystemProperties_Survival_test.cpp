@@ -208,6 +208,20 @@ TEST_F(Survival, VariableThatTheProcessMayNotSet) {
     EXPECT_THAT(SystemVariable("TEV_TEST_A"), Optional(std::string("before")));
 }
 
+TEST_F(Survival, VariableWhoseValueTheCLocaleLacks) {
+    const std::wstring value = L"\x4e2d";
+    for (const char* kind : {"add", "add.path", "del", "replace", "replace.path", "rm"}) {
+        SCOPED_TRACE(kind);
+        ASSERT_NE(SetEnvironmentVariableW(L"X", value.c_str()), 0);
+        const bool isDelete = kind == std::string("del");
+        LoadDirective(std::string("tev.env.") + kind + ".1=X" +
+                      (isDelete ? "" : "|" + system_.Path()));
+        wchar_t stored[8] = {};
+        GetEnvironmentVariableW(L"X", stored, 8);
+        EXPECT_EQ(stored, value);
+    }
+}
+
 TEST_F(Survival, ManyReferencesInOneValue) {
     std::string text, expanded;
     for (int i = 0; i < 100'000; ++i) {

@@ -10,7 +10,7 @@ place=Z:${work//\//\\}
 mkdir system user empty
 export TEV_SYS_CONFIG_DIR=$place\\system TEV_USER_CONFIG_DIR=$place\\user TEV_TEST_DIR=$place
 export TEV_TEST_LIST='a;b' TEV_TEST_OLD=1
-unset TEV_TEST_NEW
+unset TEV_TEST_NEW KPT_DATA_DIR CSM_PLUGIN_DIR
 
 printf '%s\r\n' 'a.system = from system' 'a.both = from system' 'a.place = %TEV_TEST_DIR%\x' \
     'get = a key named as a verb' 'tev.log.level = loud' 'tev.env.add.1 = TEV_TEST_LIST|c' \
@@ -40,7 +40,7 @@ holds() {
 }
 exits() { holds "exit code $1" [ "$code" = "$1" ]; }
 prints() { holds "prints exactly $(printf '%q' "$1")" cmp out <(printf '%s' "$1"); }
-prints_line() { holds "prints the line $(printf '%q' "$1")" grep -qxF -- "$1" out; }
+prints_line() { holds "prints the line $(printf '%q' "$1")" env LC_ALL=C grep -qxF -- "$1" out; }
 lacks() { ! grep -q -- "$1" out; }
 prints_no_line() { holds "prints no line like $(printf '%q' "$1")" lacks "$1"; }
 says() { holds "says on standard error: $1" grep -q -- "$1" err; }
@@ -89,6 +89,64 @@ prints_line 'TEV_TEST_LIST=a;b;c'
 prints_line 'TEV_TEST_NEW=fresh'
 prints_no_line '^TEV_TEST_OLD='
 prints_no_line $'\r'
+
+# where
+no_program='program	-	not found: none of Plinth.dll, SensorSupportDataLib.dll, MeasureKitLib.dll'
+no_program="$no_program leads to one"
+no_toolkit='toolkit	-	not found: neither KPT_DATA_DIR nor CSM_PLUGIN_DIR leads to one'
+bin=$(dirname "$tevsys")
+mkdir -p kit/lib/CSMAPI.dll other/lib/CSMAPI.dll file/lib
+: >file/lib/CSMAPI.dll
+tevsys where
+exits 0; says_nothing
+documents=$(cut -f2 out | tail -n 1)
+prints "exe	Z:${bin//\//\\}\\	this program
+$no_program
+$no_toolkit
+documents	$documents	known folder Documents
+"
+holds 'gives the whole path of the documents' grep -qE '^[A-Z]:\\(.*\\)?$' <<<"$documents"
+USER=tev-no-such-user tevsys where
+exits 0; says_nothing
+prints_line 'documents	-	not found: there is no such folder'
+finds_toolkit() {
+    KPT_DATA_DIR=$1 CSM_PLUGIN_DIR=$2 tevsys where
+    exits 0; says_nothing
+    prints_line "$3"
+}
+by_data="toolkit	$place\\kit\\lib\\	variable KPT_DATA_DIR"
+by_plugins="toolkit	$place\\kit\\lib\\	variable CSM_PLUGIN_DIR"
+finds_toolkit "$place/kit/Data" '' "$by_data"
+finds_toolkit "$place/kit/data" "$place/other/plugins" "$by_data"
+finds_toolkit "$place/kit/data" "$place/kit/plugins" "$by_data"
+finds_toolkit '' "$place\\kit\\Plugins\\" "$by_plugins"
+finds_toolkit "$place/kit/bin" "$place/kit/plugins" "$by_plugins"
+finds_toolkit "$place/file/data" "$place/kit/plugins" "$by_plugins"
+finds_toolkit "$place/file/data" "$place/file/plugins" "$no_toolkit"
+# what the system file sets is seen
+mkdir directed
+printf 'tev.env.new.kit = KPT_DATA_DIR|%%TEV_TEST_DIR%%/kit/data\n' >directed/tev.system.properties
+TEV_SYS_CONFIG_DIR=$place\\directed tevsys where
+exits 0; says_nothing
+prints_line "$by_data"
+# A folder of a marker module's name in the program's path counts as that module.
+long=$(printf 'x%.0s' {1..100})
+while IFS='|' read -r folder name module; do
+    mkdir -p "$folder/$name"
+    ln -s "$bin"/{tevsys.exe,*.dll} "$folder/$name"
+    built=$tevsys
+    tevsys=$work/$folder/$name/tevsys.exe
+    tevsys where
+    exits 0; says_nothing
+    ansi=$place\\$(iconv -f UTF-8 -t CP1252 <<<"${folder//\//\\}")
+    prints_line "exe	$ansi\\$name\\	this program"
+    prints_line "program	$ansi\\	module $module"
+    tevsys=$built
+done <<FOLDERS
+two words|Plinth.dll|Plinth.dll
+dépôt|sensorsupportdatalib.DLL|SensorSupportDataLib.dll
+$long/$long/$long|MeasureKitLib.dll|MeasureKitLib.dll
+FOLDERS
 
 # demo: its whole text is compared by the demo's own check
 tevsys demo
@@ -171,7 +229,7 @@ exits 1; prints ''
 # help
 tevsys --help
 exits 0; says_nothing
-for verb in get list set env demo; do
+for verb in get list set env where demo; do
     holds "names the verb $verb" grep -q "^  $verb  *[A-Z]" out
 done
 holds 'names the exit codes' grep -q 'Exit codes: 0 .*1 .*2 ' out
@@ -184,6 +242,7 @@ get|KEY .*REQUIRED
 list|table<TAB>key<TAB>value
 set|VALUE .*REQUIRED
 env|name=value
+where|name<TAB>folder<TAB>how
 demo|Folders and files
 VERBS
 
@@ -198,6 +257,7 @@ get|a|b
 set|a
 list|a
 list|--colour
+where|a
 remove|a
 --verbose
 USAGES

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <TEVSystemLib/TEVSystemExport.h>
+#include <TEVSystemLib/system/TEVSysCnst.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -259,7 +261,94 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static std::string ToString(double value, bool scientific, int precision);
     static bool ToString(char** out, double value, bool scientific, int precision);
 
+    // Text to numbers. The text is trimmed if a plain space stands at an end; null or empty text is
+    // refused. False says that the text was not accepted and leaves the output untouched.
+    // "true" or "false" in any letter case, no other word.
+    static bool ToBool(const char* const text, bool& value);
+    // Decimal digits with an optional leading sign. A fraction is accepted and dropped; no
+    // exponent, no hexadecimal. Numbers beyond 32 bits are accepted with a value of the C runtime's
+    // choice.
+    static bool ToInteger(const char* const text, int& value);
+    static bool ToLong(const char* const text, long& value);
+    // The same without "-". NOTHING ABOVE 2147483647 comes out.
+    static bool ToUnsignedInt(const char* const text, unsigned int& value);
+    // The same for 64 bits, as the standard streams extract. A BARE SIGN AND A NUMBER OUT OF RANGE
+    // ARE REPORTED AS TRUE, with a value of the stream's choice.
+    static bool ToInt64(const char* const text, std::int64_t& value);
+    static bool ToUInt64(const char* const text, std::uint64_t& value);
+    // Decimal or exponent form, as the C runtime scans "%lf". An overflow is refused with infinity
+    // in the output; an underflow gives the nearest value.
+    static bool ToDouble(const char* const text, double& value);
+    // "[first,second]", each as ToInteger takes it. A failure stores -1 in both.
+    static bool ExtractIndices(const char* const text, int& first, int& second);
+
+    // Measured values: texts of a value and its uncertainty, the uncertainty rounded to one
+    // significant figure and the value to the same place. With `scientific` in exponent form, else
+    // fixed. The decimal separator is that of the C locale when the library was loaded. False, with
+    // both null, for an uncertainty that is not above 0 or numbers whose first 20 decimals are
+    // zeros.
+    static bool SignificantFigures(double value, double uncertainty, char** valueText,
+                                   char** uncertaintyText, bool scientific);
+    // Where the significant figures of a number in fixed notation stand. Trailing zeros are
+    // significant in a number with a point only. An integer of zeros is accepted with a count of 0.
+    // A text with blanks or an exponent, a bare sign and zeros with a point are refused with false
+    // and -1.
+    static bool GetSignificantFiguresInfo(const char* const text, bool& hasDigits, bool& hasPoint,
+                                          int& first, int& last, int& point, int& count);
+    // A value above 0 rounded to at least one significant figure, always with its point.
+    static bool TruncateUncertaintyValue(double value, char** out, bool scientific, int figures);
+
+    // Byte buffers: the first byte is the most significant. A refused call stores 0.
+    // At most 8 (4) bytes; a count of 0 means all 8 (4).
+    static bool BinaryToUnsignedInt64(const char* const bytes, std::uint64_t byteCount,
+                                      std::uint64_t& out);
+    static bool BinaryToUnsignedLong(const char* const bytes, std::uint64_t byteCount,
+                                     unsigned long& out);
+    // The two's-complement number in the leading ('L') or trailing ('R') bits of 1 to 8 (4) bytes;
+    // at least 4 bits.
+    static bool BitsToSignedInt64(char alignment, const char* const bytes, std::int64_t& out,
+                                  std::uint64_t bitCount, std::uint64_t byteCount);
+    static bool BitsToSignedLong(char alignment, const char* const bytes, long& out,
+                                 std::uint64_t bitCount, std::uint64_t byteCount);
+    // Adds arrays whose elements are THE NUMBERS 0 AND 1, the first the most significant; any other
+    // element is refused. `sum` may be one of the addends.
+    static bool AddTwoBinaryBitArrays(bool& carry, char* first, char* second, char* sum,
+                                      std::uint64_t length);
+    // The bytes as decimal numbers, or as eight bits each, with or without commas between them. The
+    // caller releases with TEVUtilMemory::DeallocateCharArray.
+    static bool DecimalRepresentationOfBinary(const char* const bytes, std::uint64_t byteCount,
+                                              char** out, bool commaSeparated, bool asBits);
+
+    // Reverses the bytes of every element in place. A null array or a count below 1 is refused.
+    static bool Swap16BitWord(short* array, int count);
+    static bool Swap16BitWord(unsigned short* array, int count);
+    static bool Swap32BitWord(int* array, int count);
+    static bool Swap32BitWord(unsigned int* array, int count);
+    static bool Swap32BitFloat(float* array, int count);
+    static bool Swap64BitDouble(double* array, int count);
+    static TEVSysCnst::ByteOrder SystemByteOrder();
+
+    // Messages by severity. The creators store a new, empty container in *vector or *map; they do
+    // nothing when memory is exhausted. The Delete functions release a container with all that it
+    // holds, set the pointer to null, accept null and always give true.
+    static void GetMsgsVector(std::vector<char*>** vector);
+    static void GetMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
+    // Appends a copy of the message, owned by `messages`, to its level; a level without vector gets
+    // one. A null or empty message or an unknown level is refused; a failure changes nothing. Calls
+    // on one map must be made one at a time.
+    static bool AddMessage(const char* const message, TEVSysCnst::MsgLevel level,
+                           std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>& messages);
+    static bool DeleteMsgsVector(std::vector<char*>** vector);
+    static bool DeleteMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
+
  private:
+    // `isZero` says that no digit stands before the point.
+    static bool IsValidSignedInteger(bool& isZero, const std::string& text);
+    static bool IsValidUnsignedInteger(bool& isZero, const std::string& text);
+    // The outputs are positions in the text; in exponent form in front of the "e".
+    static bool RoundToSignificantFigures(bool scientific, char** out, double value, int* first,
+                                          int* last, int* point, int figures);
+
     TEVUtilString() = default;
     ~TEVUtilString() = default;
 };

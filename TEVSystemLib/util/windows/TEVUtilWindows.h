@@ -4,9 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 
 struct HINSTANCE__;  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): Windows
+struct tagVARIANT;
+struct tagSAFEARRAY;
+struct _GUID;  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): Windows
 
 namespace TAMO::TEV::System::Util {
 
@@ -14,7 +18,7 @@ namespace TAMO::TEV::System::Util {
 // values and paths that begin or end with a plain space are trimmed of blanks at both ends, but for
 // DirectoryExists and FileExists, which take the path as it is. New C strings are released with
 // TEVUtilString::DeleteCString, arrays of them with TEVUtilString::DeleteCStringArray. Failures
-// show in the result, with outputs null; only GetPathEnvVariable throws.
+// show in the result, with outputs null; only functions that name an exception throw.
 //
 // Threads: no lock is taken. The environment and, during LoadModule, the DLL search path belong to
 // the whole process; the other functions may run on any thread.
@@ -85,6 +89,97 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
                                                  std::string& folder);
     // Full file names of this process's modules.
     static bool RetrieveAllLoadedModulesInCurrentProcess(char**& modules, std::uint64_t& count);
+    // Where the framework and its companions are installed: folders ending with "\", as new C
+    // strings; null, or false with null, when not found. The folder of the first of the framework's
+    // marker modules loaded in this process: "Plinth.dll", "SensorSupportDataLib.dll",
+    // "MeasureKitLib.dll".
+    static char* GetCurrentProcessCorvidRootFolder();
+    // The measurement toolkit's "lib\" folder beside the "data\" folder that KPT_DATA_DIR names, or
+    // the "plugins\" folder that CSM_PLUGIN_DIR names. Accepted only where "CSMAPI.dll" in it IS A
+    // FOLDER.
+    static char* GetCurrentProcessKPTRootFolder();
+    // THE FOLDER of this process's executable, without the file name; also releasable with
+    // TEVUtilMemory::DeallocateCharArray.
+    static bool GetFullyQualifiedExePath(char** folder);
+    // The user's Documents folder; false when it does not exist.
+    static bool GetCurrentUserHomeFolder(char** folder);
+
+    // COM data. A BSTR (wchar_t*) made here is released with FreeBSTR or SysFreeString; an array
+    // with DestroySafeArray, or by VariantClear of the variant that holds it. Outputs are reset to
+    // null, 0 or VT_EMPTY first, without releasing what they held; a null output gives false.
+    // Variants must have exactly the type named: references (VT_BYREF) are refused. Texts end at a
+    // NUL character.
+
+    // -1, 0 or 1 in the order of the invariant locale. Throws std::runtime_error "BSTR comparison
+    // operation failed.", also for a null text.
+    static int CompareBSTR(bool ignoreCase, wchar_t* const& first, wchar_t* const& second);
+    static bool CopyBSTR(wchar_t* source, wchar_t** copy);
+    static void FreeBSTR(wchar_t** text);
+    // In characters; 0 for null.
+    static std::uint64_t GetBSTRLength(wchar_t* const& text);
+    // A new C string, released with DeleteCharBuffer; a null or empty text gives false.
+    static bool FromBSTRToMultibyteChar(wchar_t* const& text, char** out);
+    // A new BSTR; a null or empty text gives false. Throws _com_error (E_OUTOFMEMORY) when memory
+    // is exhausted.
+    static bool FromMultibyteCharToBSTR(char const* text, wchar_t** out);
+
+    // "{38 characters}" as a new wide text, released with TEVUtilString::DeleteWCharBuffer, or a
+    // new C string.
+    static bool ConvertCLSIDToString(_GUID const& clsid, wchar_t** out);
+    static bool ConvertCLSIDToString(_GUID const& clsid, char** out);
+    // `clsid` is the system's affair on failure. The narrow text is in the C locale.
+    static bool GetCLSIDFromString(wchar_t const* text, _GUID& clsid);
+    static bool GetCLSIDFromString(char const* text, _GUID& clsid);
+    // A new GUID; as text 36 lower-case characters without braces, the empty text on failure.
+    static bool GetGUID(_GUID* guid);
+    static bool GetGUID(char** out);
+    static std::string GetGUID();
+    // FALSE FOR EVERY TEXT: the expression behind it matches none. The first call should not race
+    // with another.
+    [[deprecated("false for every text; use GetCLSIDFromString")]] static bool IsValidUUID(
+        char const* text);
+
+    // An array of `count` empty variants; bare, or in a variant.
+    static bool CreateSafeArrayOfVariants(tagSAFEARRAY** out, std::uint64_t count);
+    static bool CreateSafeArrayOfVariants(tagVARIANT* out, std::uint64_t count);
+    // Null is accepted.
+    static bool DestroySafeArray(tagSAFEARRAY* array);
+
+    // Arrays of one dimension with lower bound 0 in variants: VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
+    // What is extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
+    static bool SetDoubleArrayVARIANT(double* data, std::uint64_t count, tagVARIANT* out);
+    static bool SetIntArrayVARIANT(int* data, std::uint64_t count, tagVARIANT* out);
+    static bool ExtractDoubleArrayFromVARIANT(double** out, std::uint64_t& count,
+                                              tagVARIANT* variant);
+    static bool ExtractIntArrayFromVARIANT(int** out, std::uint64_t& count, tagVARIANT* variant);
+    // A null string is sent as an empty one.
+    static bool SetStringArrayVARIANT(char const**& strings, std::uint64_t count, tagVARIANT* out);
+    // A null or empty element gives a null slot. `count` keeps the number of elements when a later
+    // step fails.
+    static bool ExtractStringArrayFromVariant(char**& out, std::uint64_t& count,
+                                              tagVARIANT* variant);
+
+    // Key/value tables: VT_ARRAY | VT_BSTR of two dimensions. MIND THE INDICES: the writer stores
+    // at (row, 0) the key and at (row, 1) the value, the reader looks for them at (0, entry) and
+    // (1, entry). Entries with an empty key or a null value are left out, rows follow the order of
+    // the keys. A `firstKey` that is not empty with a `firstValue` that is not null makes a row in
+    // front; an empty `firstValue` then fails the call, and so does a table without entries.
+    static bool CreateKeyValueDataVariant(std::map<std::string, char*> const* data, tagVARIANT* out,
+                                          char const* firstKey, char const* firstValue);
+    // Empties `out` without releasing its strings. The first of equal keys wins; an empty value is
+    // null. The caller releases each value with DeleteCharBuffer.
+    static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
+                                               std::map<std::string, char*>& out);
+
+    static void DeleteCharBuffer(char** buffer);
+    static void DeleteDoubleBuffer(double** buffer);
+    static void DeleteIntBuffer(int** buffer);
+    static void DeleteCStringArray(char**& array, std::uint64_t count);
+
+    // TEVUtilString::SignificantFigures with BSTRs.
+    static bool SignificantFigures(double value, double uncertainty, wchar_t** valueText,
+                                   wchar_t** uncertaintyText, bool scientific);
+
     // The pseudo-handle of this process, which needs no release.
     static void* RetrieveCurrentProcess();
     static unsigned long RetrieveCurrentProcessID();

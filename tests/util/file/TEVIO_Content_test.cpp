@@ -124,6 +124,21 @@ TEST(Seek, BeyondFourGigabytes) {
     EXPECT_EQ(file.tell(), 5'000'000'000u);
 }
 
+TEST(Seek, FalseWhenTheLayerBelowRefuses) {
+    const std::string path = "/vsimem/tev-io-seek-refused";
+    {
+        TEVIO file(path, TEVIO::Write);
+        ASSERT_EQ(file.write("abcdef", 6), 6u);
+    }
+    TEVIO file(path, TEVIO::Read);
+    for (const int whence : {7, -1}) {
+        ASSERT_TRUE(file.seek(2, SEEK_SET));
+        EXPECT_FALSE(file.seek(1, whence)) << "from " << whence;
+    }
+    EXPECT_TRUE(file.isOpen());
+    EXPECT_TRUE(file.seek(6, SEEK_SET));
+}
+
 TEST(Seek, WritesInTheMiddle) {
     const Folder folder;
     const std::string path = folder / "a.txt";
@@ -163,8 +178,8 @@ TEST(FileSize, OfAPath) {
     EXPECT_EQ(TEVIO::fileSize(static_cast<const char*>(nullptr)), 0u);
 }
 
-// The std::string form is called with the empty path only: with any other text it calls itself
-// again without end, so that no test could ever come back from it.
+// The std::string form is called with the empty path only: with any other text it asks itself
+// again in a loop without end, so that no test could ever come back from it.
 TEST(FileSize, OnlyTheEmptyStringReturns_Kept) {
 #ifdef _MSC_VER
 #pragma warning(push)
@@ -232,6 +247,21 @@ TEST(ReadFile, NullOutputOnlyClearsTheSize) {
     const Folder folder;
     std::uint64_t size = 99;
     EXPECT_FALSE(TEVIO::readFile(folder.Write("a.txt", "abc").c_str(), nullptr, size));
+    EXPECT_EQ(size, 0u);
+}
+
+TEST(ReadFile, SizeBeyondMemoryGivesNullAndZero) {
+    constexpr std::uint64_t kPetabyte = std::uint64_t{1} << 50;
+    const Folder folder;
+    const std::string description =
+        "<VSISparseFile><Length>" + std::to_string(kPetabyte) + "</Length></VSISparseFile>";
+    const std::string path = "/vsisparse/" + folder.Write("sparse.xml", description);
+    ASSERT_EQ(TEVIO(path, TEVIO::Read).fileSize(), kPetabyte);
+    char held[] = "held";
+    char* data = held;
+    std::uint64_t size = 99;
+    EXPECT_FALSE(TEVIO::readFile(path.c_str(), &data, size));
+    EXPECT_EQ(data, nullptr);
     EXPECT_EQ(size, 0u);
 }
 

@@ -1,4 +1,5 @@
 #include <TEVSystemLib/util/file/TEVIO.h>
+#include <cpl_vsi_error.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -159,6 +160,16 @@ TEST(Open, WhatCannotBeOpened) {
         EXPECT_EQ(file.getFilePath(), row.path);
         EXPECT_FALSE(file.open(row.path.c_str(), row.type));
     }
+}
+
+TEST(Open, FailureSetsTheErrorStateOfTheLayerBelow) {
+    const Folder folder;
+    VSIErrorReset();
+    EXPECT_TRUE(TEVIO(folder.Write("a.txt", "abc"), TEVIO::Read).isOpen());
+    EXPECT_EQ(VSIGetLastErrorNo(), 0);
+    EXPECT_FALSE(TEVIO(folder / "missing.txt", TEVIO::Read).isOpen());
+    EXPECT_NE(VSIGetLastErrorNo(), 0);
+    VSIErrorReset();
 }
 
 TEST(Open, NullPathCountsAsEmpty) {

@@ -160,6 +160,23 @@ TEST(GetKeyValuePairsFromFile, AddsToTheMapAndTheLastLineWins) {
         (Pairs{{"kept", "before"}, {"a", "longer than before"}, {"A", "before"}, {"b", "2"}}));
 }
 
+TEST(GetKeyValuePairsFromFile, NothingOfTheMapIsLost) {
+    const Folder folder;
+    Pairs before;
+    for (int i = 0; i < 1000; ++i) before["before" + std::to_string(i)] = std::to_string(i);
+    for (const bool blankSeparated : {false, true}) {
+        for (const std::string& text : {"# no pair\n"s, "a = 1\nbefore7 = new\n"s}) {
+            SCOPED_TRACE(text);
+            Pairs pairs = before;
+            Pairs expected = Parse(folder, text, blankSeparated);
+            expected.insert(before.begin(), before.end());
+            EXPECT_TRUE(TEVUtilFile::GetKeyValuePairsFromFile(folder.Write("pairs", text), pairs,
+                                                              blankSeparated));
+            EXPECT_EQ(pairs, expected);
+        }
+    }
+}
+
 TEST(GetKeyValuePairsFromFile, UnreadableFileLeavesTheMap) {
     const Folder folder;
     for (const std::string& path :

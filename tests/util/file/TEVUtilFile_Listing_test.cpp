@@ -1,6 +1,7 @@
 #include <TEVSystemLib/util/file/TEVUtilFile.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include <cstddef>
 #include <filesystem>
@@ -33,6 +34,41 @@ void WriteWide(const Folder& folder, const wchar_t* name) {
     const auto path = std::filesystem::path(folder.Path()) / name;
     std::ofstream file(path);
     ASSERT_TRUE(file.is_open()) << "cannot write a file with a name beyond ASCII";
+}
+
+// The files with an ASCII extension as the system enumerates them.
+std::vector<std::string> SystemsOrder(const Folder& folder, const std::string& extension) {
+    const std::filesystem::path path = folder.Path();
+    const std::filesystem::path pattern = path / ("*." + extension);
+    std::vector<std::string> files;
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW(pattern.c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return files;
+    do files.push_back((path / entry.cFileName).string());
+    while (FindNextFileW(search, &entry) != 0);
+    FindClose(search);
+    return files;
+}
+
+// False while anyone has the folder open.
+bool IsClosed(const Folder& folder) {
+    const HANDLE handle = CreateFileA(folder.Path().c_str(), GENERIC_READ, 0, nullptr,
+                                      OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) return false;
+    CloseHandle(handle);
+    return true;
+}
+
+// The blocks in use on the process's heap, where the system keeps its state of a search.
+std::size_t HeapBlocks() {
+    const HANDLE heap = GetProcessHeap();
+    PROCESS_HEAP_ENTRY entry{};
+    std::size_t count = 0;
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry) != 0)
+        if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) ++count;
+    HeapUnlock(heap);
+    return count;
 }
 
 TEST(GetFilesInDirWithGivenExt, FullPathsOfTheFilesWithTheExtension) {
@@ -86,6 +122,39 @@ TEST(GetFilesInDirWithGivenExt, ManyFiles) {
     for (int i = 0; i < 100; ++i)
         expected.push_back(folder.Write("f" + std::to_string(i) + ".many", ""));
     EXPECT_THAT(List(folder.Path(), "many"), UnorderedElementsAreArray(expected));
+}
+
+TEST(GetFilesInDirWithGivenExt, OrderIsTheSystems) {
+    const Folder folder;
+    for (const char* name : {"b.txt", "z.txt", "A.txt", "_.txt", "a1.txt", "10.txt", "9.txt"})
+        folder.Write(name, "");
+    const std::vector<std::string> expected = SystemsOrder(folder, "txt");
+    ASSERT_EQ(expected.size(), 7u);
+    EXPECT_EQ(List(folder.Path(), "txt"), expected);
+}
+
+TEST(GetFilesInDirWithGivenExt, EverySearchIsClosed) {
+    constexpr std::size_t kRounds = 100;
+    const Folder folder;
+    folder.Write("a.txt", "");
+    folder.Write("b.txt", "");
+    WriteWide(folder, L"\u4e2d.bad");
+    const struct {
+        const char* extension;
+        std::size_t count;
+    } rows[] = {{"txt", 2}, {"none", 0}, {"bad", 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.extension);
+        const auto listOften = [&] {
+            for (std::size_t i = 0; i < kRounds; ++i)
+                EXPECT_EQ(List(folder.Path(), row.extension).size(), row.count);
+        };
+        listOften();
+        const std::size_t before = HeapBlocks();
+        listOften();
+        EXPECT_LT(HeapBlocks(), before + kRounds) << "a block stays from each search";
+        EXPECT_TRUE(IsClosed(folder));
+    }
 }
 
 TEST(GetFilesInDirWithGivenExt, OutputsAreUntouchedWithoutASearch) {

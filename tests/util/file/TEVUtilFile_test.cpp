@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 
 #include "support/Owned.h"
 
@@ -16,6 +17,13 @@ using tev::test::Text;
 constexpr char kBadPathOrOutput[] =
     "ERROR: Invalid input fully qualified file name and/or NULL output parameter.";
 constexpr char kBadPath[] = "ERROR: Invalid input fully qualified file name.";
+
+TEST(TEVUtilFile, IsAssignedButNeverMade) {
+    EXPECT_FALSE(std::is_default_constructible_v<TEVUtilFile>);
+    EXPECT_FALSE(std::is_copy_constructible_v<TEVUtilFile>);
+    EXPECT_FALSE(std::is_destructible_v<TEVUtilFile>);
+    EXPECT_TRUE(std::is_copy_assignable_v<TEVUtilFile>);
+}
 
 TEST(GetFileExtension, FromTheLastDot) {
     const struct {

@@ -5,7 +5,9 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 #include "util/memory/ArrayKinds.h"
 
@@ -20,6 +22,11 @@ using tev::test::OuterArrays;
 using tev::test::OwnedText;
 using tev::test::PlainArrays;
 using tev::test::WideArrays;
+
+// The widths that the counts and elements of the interface have on 64-bit Windows.
+static_assert(sizeof(std::size_t) == 8);
+static_assert(sizeof(unsigned long) == 4);
+static_assert(sizeof(wchar_t) == 2);
 
 constexpr std::size_t kLargest = std::numeric_limits<std::size_t>::max();
 
@@ -101,7 +108,7 @@ TYPED_TEST(AllocateWide, MoreThanTheAddressSpaceThrowsBadAlloc) {
     EXPECT_EQ(array, nullptr);
 }
 
-TEST(AllocateCharArray, LargestCountIsRefused) {
+TEST(AllocateCharArray, LargestCountIsRefused_Kept) {
     for (const auto allocate :
          {&TEVUtilMemory::AllocateCharArray, &TEVUtilMemory::AllocateCharArray64}) {
         char other = 'x';
@@ -176,7 +183,7 @@ TEST(DeallocateCStringArray, StringsBeyondTheCountStayAlive) {
     TEVUtilMemory::DeallocateCharArray(&survivor);
 }
 
-TEST(DeallocateCStringArrayPointers, FreesSubArraysButNotTheirStrings) {
+TEST(DeallocateCStringArrayPointers, FreesSubArraysButNotTheirStrings_Kept) {
     char*** array = nullptr;
     ASSERT_EQ(TEVUtilMemory::AllocateCStringArrayPointers(array, 3), 3u);
     ASSERT_EQ(TEVUtilMemory::AllocateCStringArray(array[0], 1), 1u);
@@ -204,7 +211,7 @@ TEST(DeallocateCStringArrayPointers, SubArraysBeyondTheCountStayAlive) {
     TEVUtilMemory::DeallocateCStringArray(survivor, 1);
 }
 
-TEST(DeallocateConstCStringArray, NeverFreesTheStrings) {
+TEST(DeallocateConstCStringArray, NeverFreesTheStrings_Kept) {
     char* owned = OwnedText("owned elsewhere");
     const char** array = nullptr;
     ASSERT_EQ(TEVUtilMemory::AllocateConstCStringArray(array, 3), 3u);
@@ -275,6 +282,35 @@ TYPED_TEST(DeallocateOuter, NullArrayIgnoresTheCount) {
     this->members_.release(3, none, true);
     EXPECT_EQ(none, nullptr);
     this->members_.release(3, this->array_, true);
+}
+
+// Allocates arrays of every count up to 200, fills them and releases them; gives the number of
+// elements that were not cleared or lost what was written.
+int WrongArrays(int mark) {
+    int wrong = 0;
+    for (std::size_t count = 1; count <= 200; ++count) {
+        int* array = nullptr;
+        if (TEVUtilMemory::AllocateIntArray(count, &array) != count) return ++wrong;
+        for (std::size_t i = 0; i < count; ++i) wrong += array[i] != 0;
+        for (std::size_t i = 0; i < count; ++i) array[i] = mark;
+        std::this_thread::yield();
+        for (std::size_t i = 0; i < count; ++i) wrong += array[i] != mark;
+        TEVUtilMemory::DeallocateIntArray(&array);
+        wrong += array != nullptr;
+    }
+    return wrong;
+}
+
+TEST(TEVUtilMemory, ThreadsUseDistinctArraysAtOnce) {
+    constexpr int kThreads = 4;
+    int wrong[kThreads] = {};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i)
+        threads.emplace_back([i, &wrong] {
+            for (int round = 0; round < 20; ++round) wrong[i] += WrongArrays(i + 1);
+        });
+    for (std::thread& thread : threads) thread.join();
+    for (int i = 0; i < kThreads; ++i) EXPECT_EQ(wrong[i], 0) << "thread " << i;
 }
 
 TEST(TEVUtilMemory, ArgumentOrdersOfPointerArraysDiffer_Kept) {

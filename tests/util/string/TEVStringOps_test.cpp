@@ -53,7 +53,7 @@ TEST(TEVStringOpsDelete, ReleasesTheTextsOfBothClasses) {
     EXPECT_EQ(third, nullptr);
 }
 
-TEST(TEVStringOpsDelete, TakesThePointerByValue) {
+TEST(TEVStringOpsDelete, TakesThePointerByValue_Kept) {
     EXPECT_TRUE((std::is_same_v<decltype(&TEVStringOps::Delete), void (*)(char*)>));
 }
 

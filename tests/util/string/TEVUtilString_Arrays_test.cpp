@@ -71,6 +71,16 @@ struct State {
     std::vector<char*> slots;
 };
 
+using Strings = std::vector<std::string>;
+
+// The strings in the order that `append` asks for.
+Strings Joined(bool append, Strings before, Strings added) {
+    Strings& first = append ? before : added;
+    const Strings& second = append ? added : before;
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
 TEST(AddEntryToStringArray, NullArrayBecomesOneElement) {
     for (const bool append : {true, false}) {
         SCOPED_TRACE(append);
@@ -107,9 +117,12 @@ TEST(AddEntryToStringArray, OldStringsAreMovedAndTheEntryIsCopied) {
 }
 
 TEST(AddEntryToStringArray, NullSlotsKeepTheirPlaces) {
-    Texts texts{"x", nullptr};
-    EXPECT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, "a", texts.count, true));
-    EXPECT_THAT(texts.Strings(), ElementsAre("x", "(null)", "a"));
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{nullptr, "x", nullptr};
+        EXPECT_TRUE(TEVUtilString::AddEntryToStringArray(texts.array, "a", texts.count, append));
+        EXPECT_EQ(texts.Strings(), Joined(append, {"(null)", "x", "(null)"}, {"a"}));
+    }
 }
 
 TEST(AddEntryToStringArray, OwnStringCanBeAddedAgain) {
@@ -182,38 +195,47 @@ TEST(AddEntriesToStringArray, VectorAppendKeepsBothOrders) {
 }
 
 TEST(AddEntriesToStringArray, VectorCopiesLeaveTheVectorAsItWas) {
-    Texts texts{"x"};
-    Entries entries{"a", nullptr, "b"};
-    const std::vector<char*> before = entries.vector;
-    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
-                                                       true, true));
-    EXPECT_EQ(entries.vector, before);
-    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
-    EXPECT_NE(texts.array[1], before[0]);
-    EXPECT_NE(texts.array[2], before[2]);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x"};
+        Entries entries{"a", nullptr, "b"};
+        const std::vector<char*> before = entries.vector;
+        ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           append, true));
+        EXPECT_EQ(entries.vector, before);
+        ASSERT_EQ(texts.Strings(), Joined(append, {"x"}, {"a", "b"}));
+        EXPECT_NE(texts.array[append ? 1 : 0], before[0]);
+        EXPECT_NE(texts.array[append ? 2 : 1], before[2]);
+    }
 }
 
 TEST(AddEntriesToStringArray, VectorTakenOverStringsMoveAndTheVectorIsCleared) {
-    Texts texts{"x"};
-    Entries entries{"a", nullptr, "b"};
-    const std::vector<char*> before = entries.vector;
-    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
-                                                       true, false));
-    EXPECT_THAT(entries.vector, IsEmpty());
-    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
-    EXPECT_EQ(texts.array[1], before[0]);
-    EXPECT_EQ(texts.array[2], before[2]);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x"};
+        Entries entries{"a", nullptr, "b"};
+        const std::vector<char*> before = entries.vector;
+        ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           append, false));
+        EXPECT_THAT(entries.vector, IsEmpty());
+        ASSERT_EQ(texts.Strings(), Joined(append, {"x"}, {"a", "b"}));
+        EXPECT_EQ(texts.array[append ? 1 : 0], before[0]);
+        EXPECT_EQ(texts.array[append ? 2 : 1], before[2]);
+    }
 }
 
 TEST(AddEntriesToStringArray, VectorOldStringsAreMovedAndNullSlotsDropped) {
-    Texts texts{nullptr, "x", nullptr, "y", nullptr};
-    const State before(texts);
-    Entries entries{"a"};
-    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
-                                                       true, true));
-    ASSERT_THAT(texts.Strings(), ElementsAre("x", "y", "a"));
-    EXPECT_EQ(texts.array[0], before.slots[1]);
-    EXPECT_EQ(texts.array[1], before.slots[3]);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{nullptr, "x", nullptr, "y", nullptr};
+        const State before(texts);
+        Entries entries{"a"};
+        ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
+                                                           append, true));
+        ASSERT_EQ(texts.Strings(), Joined(append, {"x", "y"}, {"a"}));
+        EXPECT_EQ(texts.array[append ? 0 : 1], before.slots[1]);
+        EXPECT_EQ(texts.array[append ? 1 : 2], before.slots[3]);
+    }
 }
 
 TEST(AddEntriesToStringArray, VectorNullArrayIsCreated) {
@@ -227,45 +249,65 @@ TEST(AddEntriesToStringArray, VectorNullArrayIsCreated) {
     }
 }
 
+// Both values of `append` with both of the last argument.
+constexpr struct {
+    bool append;
+    bool last;
+} kFlags[] = {{true, true}, {true, false}, {false, true}, {false, false}};
+
 TEST(AddEntriesToStringArray, VectorEmptyVectorChangesNothing) {
     Texts texts{"x", nullptr};
     const State before(texts);
     std::vector<char*> none;
-    for (const bool copy : {true, false})
+    for (const auto [append, copy] : kFlags)
         EXPECT_TRUE(
-            TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, none, true, copy));
+            TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, none, append, copy));
     EXPECT_EQ(State(texts), before);
 }
 
 TEST(AddEntriesToStringArray, VectorNothingButNullsCompactsTheArray) {
-    for (const bool copy : {true, false}) {
-        SCOPED_TRACE(copy);
+    for (const auto [append, copy] : kFlags) {
+        SCOPED_TRACE(testing::Message() << append << ' ' << copy);
         Texts texts{"x", nullptr, "y"};
         Entries entries{nullptr, nullptr};
         EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
-                                                           true, copy));
+                                                           append, copy));
         EXPECT_THAT(texts.Strings(), ElementsAre("x", "y"));
         EXPECT_EQ(entries.vector.size(), copy ? 2U : 0U);
     }
 }
 
-TEST(AddEntriesToStringArray, VectorNothingButNullsOntoNullStaysNull) {
-    Texts texts;
-    Entries entries{nullptr};
-    TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector, true, true);
-    EXPECT_EQ(texts.array, nullptr);
-    EXPECT_EQ(texts.count, 0U);
+TEST(AddEntriesToStringArray, VectorNothingButNullsOntoNothingGivesNull) {
+    for (const auto [append, copy] : kFlags) {
+        SCOPED_TRACE(testing::Message() << append << ' ' << copy);
+        Texts null;
+        Entries entries{nullptr};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(null.array, null.count, entries.vector,
+                                                           append, copy));
+        EXPECT_EQ(null.array, nullptr);
+        EXPECT_EQ(null.count, 0U);
+
+        Texts nullSlots{nullptr, nullptr};
+        Entries more{nullptr, nullptr, nullptr};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(nullSlots.array, nullSlots.count,
+                                                           more.vector, append, copy));
+        EXPECT_EQ(nullSlots.array, nullptr);
+        EXPECT_EQ(nullSlots.count, 0U);
+    }
 }
 
 TEST(AddEntriesToStringArray, VectorFirstFailedCopyStopsWithNothingChanged) {
-    Texts texts{"x", nullptr};
-    const State before(texts);
-    Entries entries{"a", "", "b"};
-    const std::vector<char*> vector = entries.vector;
-    EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count, entries.vector,
-                                                        true, true));
-    EXPECT_EQ(State(texts), before);
-    EXPECT_EQ(entries.vector, vector);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x", nullptr};
+        const State before(texts);
+        Entries entries{"a", nullptr, "", "b"};
+        const std::vector<char*> vector = entries.vector;
+        EXPECT_FALSE(TEVUtilString::AddEntriesToStringArray(texts.array, texts.count,
+                                                            entries.vector, append, true));
+        EXPECT_EQ(State(texts), before);
+        EXPECT_EQ(entries.vector, vector);
+    }
 }
 
 TEST(AddEntriesToStringArray, VectorEmptyStringsCanBeTakenOver) {
@@ -309,36 +351,45 @@ TEST(AddEntriesToStringArray, ArrayBothEndsKeepBothOrders) {
 }
 
 TEST(AddEntriesToStringArray, ArrayTakenOverSourceIsReleased) {
-    Texts texts{"x"};
-    Texts source{"a", nullptr, "b"};
-    const State before(source);
-    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
-                                                       source.count, true, true));
-    EXPECT_EQ(source.array, nullptr);
-    EXPECT_EQ(source.count, 0U);
-    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
-    EXPECT_EQ(texts.array[1], before.slots[0]);
-    EXPECT_EQ(texts.array[2], before.slots[2]);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x"};
+        Texts source{"a", nullptr, "b"};
+        const State before(source);
+        ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, append, true));
+        EXPECT_EQ(source.array, nullptr);
+        EXPECT_EQ(source.count, 0U);
+        ASSERT_EQ(texts.Strings(), Joined(append, {"x"}, {"a", "b"}));
+        EXPECT_EQ(texts.array[append ? 1 : 0], before.slots[0]);
+        EXPECT_EQ(texts.array[append ? 2 : 1], before.slots[2]);
+    }
 }
 
 TEST(AddEntriesToStringArray, ArrayCopiedSourceIsLeftAsItWas) {
-    Texts texts{"x"};
-    Texts source{"a", nullptr, "b"};
-    const State before(source);
-    ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
-                                                       source.count, true, false));
-    EXPECT_EQ(State(source), before);
-    ASSERT_THAT(texts.Strings(), ElementsAre("x", "a", "b"));
-    EXPECT_NE(texts.array[1], before.slots[0]);
-    EXPECT_NE(texts.array[2], before.slots[2]);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x"};
+        Texts source{"a", nullptr, "b"};
+        const State before(source);
+        ASSERT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, append, false));
+        EXPECT_EQ(State(source), before);
+        ASSERT_EQ(texts.Strings(), Joined(append, {"x"}, {"a", "b"}));
+        EXPECT_NE(texts.array[append ? 1 : 0], before.slots[0]);
+        EXPECT_NE(texts.array[append ? 2 : 1], before.slots[2]);
+    }
 }
 
 TEST(AddEntriesToStringArray, ArrayNullSlotsOfTheArrayAreDropped) {
-    Texts texts{nullptr, "x"};
-    Texts source{"a"};
-    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
-                                                       source.count, true, false));
-    EXPECT_THAT(texts.Strings(), ElementsAre("x", "a"));
+    for (const auto [append, takeOver] : kFlags) {
+        SCOPED_TRACE(testing::Message() << append << ' ' << takeOver);
+        Texts texts{nullptr, "x", nullptr};
+        Texts source{"a"};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, append, takeOver));
+        EXPECT_EQ(texts.Strings(), Joined(append, {"x"}, {"a"}));
+    }
 }
 
 TEST(AddEntriesToStringArray, ArrayNullArrayIsCreated) {
@@ -353,13 +404,13 @@ TEST(AddEntriesToStringArray, ArrayNullArrayIsCreated) {
 }
 
 TEST(AddEntriesToStringArray, ArrayNullSourceChangesNothing) {
-    for (const bool takeOver : {true, false}) {
-        SCOPED_TRACE(takeOver);
+    for (const auto [append, takeOver] : kFlags) {
+        SCOPED_TRACE(testing::Message() << append << ' ' << takeOver);
         Texts texts{"x", nullptr};
         const State before(texts);
         Texts source;
         EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
-                                                           source.count, true, takeOver));
+                                                           source.count, append, takeOver));
         EXPECT_EQ(State(texts), before);
         EXPECT_EQ(source.array, nullptr);
         EXPECT_EQ(source.count, 0U);
@@ -367,25 +418,31 @@ TEST(AddEntriesToStringArray, ArrayNullSourceChangesNothing) {
 }
 
 TEST(AddEntriesToStringArray, ArraySourceOfNullsIsReleasedWhenTakenOver) {
-    Texts texts{"x", nullptr};
-    const State before(texts);
-    Texts source{nullptr, nullptr};
-    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
-                                                       source.count, true, true));
-    EXPECT_EQ(source.array, nullptr);
-    EXPECT_EQ(source.count, 0U);
-    EXPECT_EQ(State(texts), before);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x", nullptr};
+        const State before(texts);
+        Texts source{nullptr, nullptr};
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, append, true));
+        EXPECT_EQ(source.array, nullptr);
+        EXPECT_EQ(source.count, 0U);
+        EXPECT_EQ(State(texts), before);
+    }
 }
 
 TEST(AddEntriesToStringArray, ArraySourceOfNullsIsKeptWhenCopied) {
-    Texts texts{"x", nullptr};
-    const State before(texts);
-    Texts source{nullptr, nullptr};
-    const State sourceBefore(source);
-    EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
-                                                       source.count, true, false));
-    EXPECT_EQ(State(source), sourceBefore);
-    EXPECT_EQ(State(texts), before);
+    for (const bool append : {true, false}) {
+        SCOPED_TRACE(append);
+        Texts texts{"x", nullptr};
+        const State before(texts);
+        Texts source{nullptr, nullptr};
+        const State sourceBefore(source);
+        EXPECT_TRUE(TEVUtilString::AddEntriesToStringArray(texts.array, source.array, texts.count,
+                                                           source.count, append, false));
+        EXPECT_EQ(State(source), sourceBefore);
+        EXPECT_EQ(State(texts), before);
+    }
 }
 
 TEST(AddEntriesToStringArray, ArrayBrokenPairsAreRefused) {

@@ -143,11 +143,13 @@ TEST(Base64Decode, StandardVectors) {
     for (const auto& row : kVectors) EXPECT_EQ(Decode(row.encoded), row.plain) << row.encoded;
 }
 
-TEST(Base64Decode, LenientInput) {
-    const struct {
-        const char* text;
-        std::string expected;
-    } rows[] = {
+struct DecodeRow {
+    const char* text;
+    std::string expected;
+};
+
+TEST(Base64Decode, ForeignCharacterEndsTheInputSilently_Kept) {
+    const DecodeRow rows[] = {
         {"Zm9v\nYmFy", "foo"},
         {"Zm9v\r\nYmFy", "foo"},
         {"Zm9v YmFy", "foo"},
@@ -157,33 +159,40 @@ TEST(Base64Decode, LenientInput) {
         {"Zm9v-", "foo"},
         {"Zm9v_m", "foo"},
         {"Zm9v\x80", "foo"},
-        // Without the padding, and with too little of it.
-        {"Zg", "f"},
-        {"Zg=", "f"},
-        {"Zm8", "fo"},
         // The last group is cut by what is foreign.
         {"Zm\n9v", "f"},
         {"Zm9\nv", "fo"},
         {"Z\nm9v", ""},
-        // A lone last character adds nothing.
-        {"Zm9vY", "foo"},
-        {"Zm9vY===", "foo"},
-        {"Z", ""},
-        // Bits that no byte needs are dropped.
-        {"Zh==", "f"},
-        {"Zm9=", "fo"},
-        {"AAAA", std::string(3, '\0')},
-        {"YQBiAA==", std::string("a\0b\0", 4)},
         // Input that stops at once.
         {"=", ""},
         {"====", ""},
         {" Zm9v", ""},
         {"\nZm9v", ""},
     };
-    for (const auto& row : rows) EXPECT_EQ(Decode(row.text), row.expected) << row.text;
+    for (const DecodeRow& row : rows) EXPECT_EQ(Decode(row.text), row.expected) << row.text;
 }
 
-TEST(Base64Decode, EveryByteOutsideTheAlphabetEndsTheInput) {
+TEST(Base64Decode, LoneLastCharacterAddsNothing_Kept) {
+    const DecodeRow rows[] = {{"Zm9vY", "foo"}, {"Zm9vY===", "foo"}, {"Z", ""}};
+    for (const DecodeRow& row : rows) EXPECT_EQ(Decode(row.text), row.expected) << row.text;
+}
+
+TEST(Base64Decode, LenientInput) {
+    const DecodeRow rows[] = {
+        // Without the padding, and with too little of it.
+        {"Zg", "f"},
+        {"Zg=", "f"},
+        {"Zm8", "fo"},
+        // Bits that no byte needs are dropped.
+        {"Zh==", "f"},
+        {"Zm9=", "fo"},
+        {"AAAA", std::string(3, '\0')},
+        {"YQBiAA==", std::string("a\0b\0", 4)},
+    };
+    for (const DecodeRow& row : rows) EXPECT_EQ(Decode(row.text), row.expected) << row.text;
+}
+
+TEST(Base64Decode, EveryByteOutsideTheAlphabetEndsTheInput_Kept) {
     for (int byte = 1; byte <= 255; ++byte) {
         const char c = static_cast<char>(byte);
         const bool inside = kAlphabet.find(c) != std::string_view::npos;

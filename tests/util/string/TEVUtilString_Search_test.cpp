@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <iterator>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -92,6 +95,15 @@ TEST(Compare, StringsAreComparedBeyondNulBytes) {
     EXPECT_EQ(TEVUtilString::Compare(false, first, first), 0);
 }
 
+TEST(Compare, StringsEndAtTheirFirstNulByteOnlyIgnoringCase_Kept) {
+    const std::string first("a\0b", 3);
+    const std::string second("a\0c", 3);
+    EXPECT_EQ(TEVUtilString::Compare(true, first, second), 0);
+    EXPECT_EQ(TEVUtilString::Compare(true, first, std::string("A")), 0);
+    EXPECT_NE(TEVUtilString::Compare(false, first, second), 0);
+    EXPECT_NE(TEVUtilString::Compare(false, first, std::string("a")), 0);
+}
+
 struct Search {
     const char* text;
     const char* wanted;
@@ -142,7 +154,7 @@ void ExpectRefusalOfNullAndEmpty(Function search, const char* message) {
                     ThrowsMessage<std::invalid_argument>(StrEq(message)));
 }
 
-TEST(Find, NullOrEmptyThrows) {
+TEST(Find, NullOrEmptyThrowsInItsOwnWords_Kept) {
     ExpectRefusalOfNullAndEmpty(TEVUtilString::Find,
                                 "Input arguments cannot be NULL or empty strings.");
 }
@@ -266,7 +278,7 @@ TEST(EndWith, PatternIsFirstArgument_Kept) {
     }
 }
 
-TEST(StartWith, NullThrows) {
+TEST(StartWith, NullThrowsInItsOwnWords_Kept) {
     const auto message =
         ThrowsMessage<std::invalid_argument>(StrEq("Input arguments cannot be NULL."));
     for (const Pair& pair : kNullPairs) {
@@ -276,7 +288,7 @@ TEST(StartWith, NullThrows) {
     }
 }
 
-TEST(EndWith, NullThrows) {
+TEST(EndWith, NullThrowsInItsOwnWords_Kept) {
     const auto message =
         ThrowsMessage<std::invalid_argument>(StrEq("Input arguments cannot be a nullptr."));
     for (const Pair& pair : kNullPairs) {
@@ -284,6 +296,35 @@ TEST(EndWith, NullThrows) {
         EXPECT_THAT([&] { TEVUtilString::EndWith(false, pair.first, pair.second); }, message);
         EXPECT_THAT([&] { TEVUtilString::EndWith(true, pair.first, pair.second); }, message);
     }
+}
+
+// The number of wrong answers about a text of `size` letters "x" with the name in its middle.
+int WrongAnswers(const std::string& name, std::size_t size) {
+    const std::string filling(size, 'x');
+    const std::string text = filling + name + filling;
+    const std::string shouted = TEVUtilString::ToUpper(text);
+    const int position = static_cast<int>(size);
+    int wrong = 0;
+    wrong += TEVUtilString::Find(text.c_str(), name.c_str()) != position;
+    wrong += TEVUtilString::IndexOf(text.c_str(), name.c_str()) != position;
+    wrong += TEVUtilString::LastIndexOf(shouted.c_str(), name.c_str()) != -1;
+    wrong += TEVUtilString::Compare(true, text.c_str(), shouted.c_str()) != 0;
+    wrong += TEVUtilString::Compare(text.c_str(), shouted.c_str()) <= 0;
+    wrong += !TEVUtilString::EndWith(true, shouted.c_str(), text.c_str());
+    return wrong;
+}
+
+TEST(TEVUtilString, ThreadsSearchAndCompareDistinctTextsAtOnce) {
+    const std::string names[] = {"a", "bc", "def", "ghij"};
+    int wrong[std::size(names)] = {};
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        threads.emplace_back([i, &names, &wrong] {
+            for (std::size_t size = 1; size <= 500; ++size)
+                wrong[i] += WrongAnswers(names[i], size);
+        });
+    for (std::thread& thread : threads) thread.join();
+    for (std::size_t i = 0; i < std::size(names); ++i) EXPECT_EQ(wrong[i], 0) << names[i];
 }
 
 }  // namespace

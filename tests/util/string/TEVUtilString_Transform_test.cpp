@@ -21,7 +21,7 @@ using tev::test::Text;
 const char* const kNull = nullptr;
 char** const kNoOutput = nullptr;
 
-TEST(Concat, StringTakesNullAsEmpty) {
+TEST(Concat, StringTakesNullAsEmpty_Kept) {
     const struct {
         const char* first;
         const char* second;
@@ -39,7 +39,7 @@ TEST(Concat, OutputReceivesANewText) {
     ExpectNewText([](char** out) { TEVUtilString::Concat("", "", out); }, "");
 }
 
-TEST(Concat, OutputIsNullForANullText) {
+TEST(Concat, OutputIsNullForANullText_Kept) {
     const struct {
         const char* first;
         const char* second;
@@ -176,7 +176,7 @@ void ExpectOutputFormRefuses(const Mapper& mapper, const char* text, char** out)
         << mapper.name;
 }
 
-TEST(CaseMapping, OutputFormRefusesNullInPluralAndLeavesNull) {
+TEST(CaseMapping, OutputFormRefusesNullInPluralAndLeavesNull_Kept) {
     for (const Mapper& mapper : kMappers) {
         char* out = Stale();
         ExpectOutputFormRefuses(mapper, nullptr, &out);
@@ -218,12 +218,9 @@ TEST(Trim, PointerFormPointsIntoTheText) {
         {" x", true, true, 1, 1},
         {"\xA0x\x85", true, true, 0, 3},
         {"", true, true, 0, 0},
-        // Blanks only: the last character, with nothing left of it ...
+        // Blanks only: the last character, with nothing left of it.
         {"   ", true, true, 2, 0},
         {"   ", true, false, 2, 0},
-        // ... but the scan from the end stops at the first, and no scan leaves the text whole.
-        {"   ", false, true, 0, 0},
-        {"   ", false, false, 0, 3},
         {" ", true, true, 0, 0},
     };
     for (const auto& row : rows) {
@@ -233,6 +230,15 @@ TEST(Trim, PointerFormPointsIntoTheText) {
         EXPECT_EQ(trimmed - row.text, row.offset);
         EXPECT_EQ(length, row.length);
     }
+}
+
+TEST(Trim, PointerFormKeepsThePlaceOfBlanksWhoseStartStays_Kept) {
+    const char* const blanks = "   ";
+    std::size_t length = 99;
+    EXPECT_EQ(TEVUtilString::Trim(blanks, length, false, true), blanks);
+    EXPECT_EQ(length, 0u) << "the scan from the end stops at the first character";
+    EXPECT_EQ(TEVUtilString::Trim(blanks, length, false, false), blanks);
+    EXPECT_EQ(length, 3u) << "no scan leaves the text whole";
 }
 
 TEST(Trim, PointerFormGivesASingleBlankNoLengthEvenUntrimmed_Kept) {
@@ -272,6 +278,11 @@ TEST(Trim, StringFormsRemoveEveryBlankAtTheirEnd) {
         EXPECT_EQ(TEVUtilString::TrimStart(row.text), row.start);
         EXPECT_EQ(TEVUtilString::TrimEnd(row.text), row.end);
     }
+}
+
+TEST(Trim, StringFormKeepsNulBytes) {
+    EXPECT_EQ(TEVUtilString::Trim(std::string(" a\0b ", 5)), std::string("a\0b", 3));
+    EXPECT_EQ(TEVUtilString::Trim(std::string(" \0 ", 3)), std::string(1, '\0'));
 }
 
 TEST(Trim, StringFormsOfNullThrow) {

@@ -57,4 +57,16 @@ TEST(OtherProcess, ModulesAreFoundByItsId) {
     EXPECT_EQ(host.End(), 0U);
 }
 
+TEST(OtherProcess, SeesWhatWasSetForTheSession) {
+    const Variable path("PATH",
+                        FolderOf(FileNameOf(nullptr)) + ";" + SystemVariable("PATH").value_or(""));
+    const Variable variable("TEV_TEST_VARIABLE");
+    for (const char* value : {"value", static_cast<const char*>(nullptr)}) {
+        ASSERT_TRUE(TEVUtilWindows::SetSessionEnvironmentVariable("TEV_TEST_VARIABLE", value));
+        HostProgram host(Fixture("tevhost/tevhost.exe"), {"env:TEV_TEST_VARIABLE"});
+        EXPECT_EQ(host.ReadLine(), value == nullptr ? "absent" : value);
+        EXPECT_EQ(host.End(), 0U);
+    }
+}
+
 }  // namespace

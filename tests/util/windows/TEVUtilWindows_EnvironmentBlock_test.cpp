@@ -223,15 +223,25 @@ TEST(GetEnv, NameAndValueInTheCLocale) {
     EXPECT_EQ(value.str(), "caf\xE9 \xFF");
 }
 
-TEST(GetEnv, ValueBeyondTheCLocaleGivesNullWhereThePathFormThrows) {
-    for (const wchar_t* wide : {L"\u4e2d", L"\u20ac", L"C:\\\u0100\\"}) {
+constexpr const wchar_t* kBeyondTheCLocale[] = {L"\u4e2d", L"\u20ac", L"C:\\\u0100\\"};
+
+TEST(GetEnv, ValueBeyondTheCLocaleGivesNull) {
+    for (const wchar_t* wide : kBeyondTheCLocale) {
         const WideVariable variable(L"TEV_TEST_VARIABLE", wide);
         char held[] = "held";
         char* value = held;
         EXPECT_NO_THROW(TEVUtilWindows::GetEnv("TEV_TEST_VARIABLE", &value));
         EXPECT_EQ(value, nullptr);
         EXPECT_FALSE(TEVUtilWindows::EnvironmentVariableExists("TEV_TEST_VARIABLE"));
-        value = held;
+    }
+}
+
+// A value that GetEnv gives as null makes this one throw.
+TEST(GetPathEnvVariable, MessageIsSpelledEncironment_Kept) {
+    for (const wchar_t* wide : kBeyondTheCLocale) {
+        const WideVariable variable(L"TEV_TEST_VARIABLE", wide);
+        char held[] = "held";
+        char* value = held;
         EXPECT_THAT(
             [&value] { TEVUtilWindows::GetPathEnvVariable("TEV_TEST_VARIABLE", &value); },
             ThrowsMessage<std::runtime_error>("Runtime error encountered while retrieving Windows "

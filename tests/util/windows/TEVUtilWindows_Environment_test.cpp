@@ -1,4 +1,5 @@
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -11,8 +12,11 @@
 
 namespace {
 
+using namespace std::string_literals;
 using TAMO::TEV::System::Util::TEVUtilString;
 using TAMO::TEV::System::Util::TEVUtilWindows;
+using testing::AnyOf;
+using testing::Optional;
 using tev::test::SystemVariable;
 using tev::test::Text;
 using tev::test::Variable;
@@ -209,8 +213,12 @@ TEST(SetSessionEnvironmentVariable, NameIsNeeded) {
 }
 
 TEST(SetSessionEnvironmentVariable, RefusalOfTheSystemShows) {
-    const Variable variable("TEV_TEST");
+    const Variable variable("TEV_TEST", "before");
     EXPECT_FALSE(TEVUtilWindows::SetSessionEnvironmentVariable("TEV_TEST=NAME", "value"));
+    // The C runtime is told all the same. One that does not refuse takes the text apart at its
+    // first "=".
+    EXPECT_THAT(RuntimeVariable("TEV_TEST"), AnyOf(Optional("before"s), Optional("NAME=value"s)));
+    EXPECT_EQ(SystemVariable("TEV_TEST"), RuntimeVariable("TEV_TEST"));
 }
 
 TEST(SetSessionEnvironmentVariable, LengthLimit) {

@@ -21,12 +21,20 @@ using tev::test::kModuleNotFound;
 using tev::test::kNoCode;
 using tev::test::kUntouched;
 using tev::test::Load;
+using tev::test::LoadedModule;
 using tev::test::LoadingNeedy;
 using tev::test::Slashed;
 using tev::test::SystemVariable;
 using tev::test::Variable;
 
 class LoadModuleCode : public LoadingNeedy {};
+
+// What a load by the system leaves as the last error, when another stands there before.
+int LastErrorAfterLoading(const std::string& name, DWORD before) {
+    SetLastError(before);
+    const LoadedModule module(name);
+    return static_cast<int>(GetLastError());
+}
 
 TEST_F(LoadModuleCode, EmptyNameGivesMinusOne) {
     for (const char* name : {"", "  ", static_cast<const char*>(nullptr)}) {
@@ -50,11 +58,16 @@ TEST_F(LoadModuleCode, OrdinarySearchStoresTheLastError) {
     EXPECT_EQ(missing.code, kModuleNotFound);
     const Load bad(folder_.Write("text.dll", "This is not a module.").c_str(), kUntouched);
     EXPECT_EQ(bad.code, kBadExecutableFormat);
-    const Load loaded(Slashed(plain_).c_str(), kUntouched);
-    EXPECT_TRUE(loaded.isLoaded);
-    EXPECT_EQ(FileNameOf(loaded.module), plain_);
-    EXPECT_NE(loaded.code, kUntouched) << "stored after a success, too";
-    EXPECT_NE(loaded.code, -1);
+}
+
+TEST_F(LoadModuleCode, OrdinarySearchStoresTheLastErrorAlsoAfterASuccess_Kept) {
+    constexpr DWORD kErrorBefore = 4711;
+    const int expected = LastErrorAfterLoading(plain_, kErrorBefore);
+    SetLastError(kErrorBefore);
+    const Load load(Slashed(plain_).c_str(), kUntouched);
+    EXPECT_TRUE(load.isLoaded);
+    EXPECT_EQ(FileNameOf(load.module), plain_);
+    EXPECT_EQ(load.code, expected);
 }
 
 TEST_F(LoadModuleCode, CodeMayBeNull) {
@@ -87,9 +100,11 @@ TEST_F(LoadModuleCode, AskingForTheCodeAddsTheOrdinarySearch_Kept) {
     const Load withoutCode("tevplain.dll", kNoCode, directories);
     EXPECT_FALSE(withoutCode.isLoaded);
     EXPECT_EQ(withoutCode.module, nullptr);
+    const int expected = LastErrorAfterLoading("tevplain.dll", kModuleNotFound);
     const Load withCode("tevplain.dll", kUntouched, directories);
     EXPECT_TRUE(withCode.isLoaded);
     EXPECT_EQ(FileNameOf(withCode.module), plain_);
+    EXPECT_EQ(withCode.code, expected) << "stored after that success, too";
 }
 
 TEST(FreeModuleHandle, LeavesNullAlone) {

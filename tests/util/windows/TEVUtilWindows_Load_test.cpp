@@ -20,6 +20,7 @@ using tev::test::kBadExecutableFormat;
 using tev::test::kInitialisationFailed;
 using tev::test::kModuleNotFound;
 using tev::test::kNoCode;
+using tev::test::kUntouched;
 using tev::test::Load;
 using tev::test::Loading;
 using tev::test::LoadingNeedy;
@@ -56,6 +57,14 @@ TEST_F(LoadModule, SlashesInTheNameBecomeBackslashes) {
     const Load searching(Slashed(plain_).c_str(), {folder_.Path().c_str()});
     EXPECT_TRUE(searching.isLoaded);
     EXPECT_EQ(searching.module, load.module);
+}
+
+TEST_F(LoadModule, SlashesAreNotLeftToTheSystem) {
+    const std::string verbatim = "\\\\?\\" + Slashed(plain_);
+    ASSERT_EQ(LoadLibraryA(verbatim.c_str()), nullptr) << "names of this kind it takes as they are";
+    EXPECT_TRUE(Load(verbatim.c_str()).isLoaded);
+    EXPECT_TRUE(Load(verbatim.c_str(), {folder_.Path().c_str()}).isLoaded);
+    EXPECT_TRUE(Load(verbatim.c_str(), kNoCode).isLoaded);
 }
 
 TEST_F(LoadModule, NameIsTrimmedWhenASpaceStandsAtAnEnd) {
@@ -109,9 +118,10 @@ TEST_F(LoadModule, FailureGivesTheSystemsCodeAndMessage) {
 }
 
 TEST_F(LoadModule, NameIsInTheAnsiCodePage) {
-    const std::string folder = folder_ / "d\xE9p\xF4t";
+    // The last is the euro sign, which the C locale lacks.
+    const std::string folder = folder_ / "d\xE9p\xF4t\x80";
     ASSERT_NE(CreateDirectoryA(folder.c_str(), nullptr), 0);
-    const std::string path = tev::test::CopyTo(folder + "\\tev\xFC.dll", plain_);
+    const std::string path = tev::test::CopyTo(folder + "\\tev\xFC\x80.dll", plain_);
     {
         const Load load(path.c_str());
         EXPECT_TRUE(load.isLoaded);
@@ -147,6 +157,9 @@ TEST_F(LoadModuleWithDirectories, FindsWhatTheModuleNeeds) {
     } rows[] = {
         {"plain", needed_.Path()},
         {"ending with a separator", needed_.Path() + "\\"},
+        {"ending with a slash", needed_.Path() + "/"},
+        {"slashed", Slashed(needed_.Path())},
+        {"slashed, ending with a slash", Slashed(needed_.Path()) + "/"},
         {"padded", "  " + needed_.Path() + " "},
     };
     for (const auto& row : rows) {
@@ -173,6 +186,23 @@ TEST_F(LoadModuleWithDirectories, UselessOnesAreSkipped) {
                                       folder_.Path().c_str(), needed.c_str(), nullptr})
                     .isLoaded);
     EXPECT_TRUE(Load(needy_.c_str(), {needed.c_str(), needed.c_str()}).isLoaded) << "twice";
+}
+
+// Whether it exists is asked in UTF-8; bytes that are none count as the code page there.
+TEST_F(LoadModuleWithDirectories, NameBeyondAsciiIsAddedInTheAnsiCodePage) {
+    const std::string ansi = folder_ / "d\xE9p\xF4t\x80";
+    const std::string utf8 = folder_ / "d\xC3\xA9p\xC3\xB4t\xE2\x82\xAC";
+    ASSERT_NE(CreateDirectoryA(ansi.c_str(), nullptr), 0);
+    const std::string needed =
+        tev::test::CopyTo(ansi + "\\tevneeded.dll", needed_ / "tevneeded.dll");
+    EXPECT_TRUE(Load(needy_.c_str(), {ansi.c_str()}).isLoaded);
+    EXPECT_TRUE(Load(needy_.c_str(), kUntouched, {ansi.c_str()}).isLoaded);
+    ASSERT_TRUE(TEVUtilWindows::DirectoryExists(utf8.c_str()));
+    const Load load(needy_.c_str(), {utf8.c_str()});
+    EXPECT_FALSE(load.isLoaded);
+    EXPECT_EQ(load.error.find("Error code returned from the Windows system = 126.\n"), 0U);
+    DeleteFileA(needed.c_str());
+    RemoveDirectoryA(ansi.c_str());
 }
 
 TEST_F(LoadModuleWithDirectories, RelativeOneIsNoHelpAndNoHarm) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <type_traits>
 
 #include "support/Folder.h"
 #include "support/Owned.h"
@@ -14,6 +15,13 @@ using TAMO::TEV::System::Util::TEVUtilMemory;
 using TAMO::TEV::System::Util::TEVUtilWindows;
 using tev::test::Folder;
 using tev::test::Text;
+
+TEST(TEVUtilWindows, IsAssignedButNeverMade) {
+    EXPECT_FALSE(std::is_default_constructible_v<TEVUtilWindows>);
+    EXPECT_FALSE(std::is_copy_constructible_v<TEVUtilWindows>);
+    EXPECT_FALSE(std::is_destructible_v<TEVUtilWindows>);
+    EXPECT_TRUE(std::is_copy_assignable_v<TEVUtilWindows>);
+}
 
 TEST(GetDirectory, UpToTheLastSeparator) {
     const struct {
@@ -101,6 +109,13 @@ TEST(DirectoryExists, FindsTheFolderOfAFile) {
     EXPECT_TRUE(TEVUtilWindows::DirectoryExists(directory.get()));
 }
 
+TEST(DirectoryExists, DoesNotTrim) {
+    const Folder folder;
+    EXPECT_FALSE(TEVUtilWindows::DirectoryExists((" " + folder.Path()).c_str()));
+    EXPECT_FALSE(TEVUtilWindows::DirectoryExists((" " + folder.Path() + " ").c_str()));
+    EXPECT_FALSE(TEVUtilWindows::DirectoryExists(" "));
+}
+
 TEST(DirectoryExists, PathIsUtf8) {
     const Folder folder;
     std::filesystem::create_directory(std::filesystem::path(folder.Path()) / L"caf\u00e9");
@@ -114,6 +129,12 @@ TEST(FileExists, TrueForFoldersAndFalseForFiles_Kept) {
     EXPECT_FALSE(TEVUtilWindows::FileExists(file.c_str()));
     EXPECT_TRUE(TEVUtilWindows::FileExists(folder.Path().c_str()));
     EXPECT_TRUE(TEVUtilWindows::FileExists((folder.Path() + "\\").c_str()));
+}
+
+TEST(FileExists, DoesNotTrim) {
+    const Folder folder;
+    EXPECT_FALSE(TEVUtilWindows::FileExists((" " + folder.Path()).c_str()));
+    EXPECT_FALSE(TEVUtilWindows::FileExists((" " + folder.Path() + " ").c_str()));
 }
 
 TEST(FileExists, FalseForWhatIsMissing) {

@@ -20,6 +20,7 @@ class Handle {
 
     explicit operator bool() const { return handle_ != Traits::Invalid(); }
     Type get() const { return handle_; }
+    Type release() { return std::exchange(handle_, Traits::Invalid()); }
 
  private:
     Type handle_;

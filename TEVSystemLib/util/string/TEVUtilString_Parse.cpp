@@ -1,0 +1,125 @@
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+
+#include <cmath>
+#include <cstdio>
+#include <sstream>
+#include <string_view>
+
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/NumberText.h"
+
+namespace TAMO::TEV::System::Util {
+
+namespace {
+
+std::string Prepared(const char* text) {
+    return std::string(detail::TrimIfSpaced(detail::OrEmpty(text)));
+}
+
+// Values outside 32 bits are the C runtime's affair.
+bool ScanInt(const std::string& text, int& value) {
+    return sscanf_s(text.c_str(), "%d", &value) == 1;
+}
+
+// KEEP: the stream's verdict is not asked; a bare sign and an overflow count as converted.
+template <typename T>
+bool Extract(const std::string& text, T& value) {
+    std::istringstream(text) >> value;
+    return true;
+}
+
+// Converts a text that `isValid` accepts; one without a digit before its point is 0.
+template <typename T, typename Convert>
+bool ParseInteger(const char* text, T& value, bool (*isValid)(bool&, const std::string&),
+                  Convert convert) {
+    const std::string prepared = Prepared(text);
+    bool isZero = false;
+    if (!isValid(isZero, prepared)) return false;
+    if (!isZero) return convert(prepared, value);
+    value = 0;
+    return true;
+}
+
+}  // namespace
+
+bool TEVUtilString::IsValidSignedInteger(bool& isZero, const std::string& text) {
+    const auto form = detail::ClassifyInteger(text, detail::Sign::PlusOrMinus);
+    isZero = form == detail::IntegerText::Zero;
+    return form != detail::IntegerText::Invalid;
+}
+
+bool TEVUtilString::IsValidUnsignedInteger(bool& isZero, const std::string& text) {
+    const auto form = detail::ClassifyInteger(text, detail::Sign::PlusOnly);
+    isZero = form == detail::IntegerText::Zero;
+    return form != detail::IntegerText::Invalid;
+}
+
+bool TEVUtilString::ToBool(const char* const text, bool& value) {
+    const std::string_view word = detail::TrimIfSpaced(detail::OrEmpty(text));
+    const bool isTrue = detail::EqualsIgnoringCase(word, "true");
+    if (!isTrue && !detail::EqualsIgnoringCase(word, "false")) return false;
+    value = isTrue;
+    return true;
+}
+
+bool TEVUtilString::ToInteger(const char* const text, int& value) try {
+    return ParseInteger(text, value, IsValidSignedInteger, ScanInt);
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ToLong(const char* const text, long& value) try {
+    int scanned = 0;
+    if (!ParseInteger(text, scanned, IsValidSignedInteger, ScanInt)) return false;
+    value = scanned;
+    return true;
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ToUnsignedInt(const char* const text, unsigned int& value) try {
+    // KEEP: scanned as a signed number, so nothing above its limit comes out.
+    int scanned = -1;
+    if (!ParseInteger(text, scanned, IsValidUnsignedInteger, ScanInt) || scanned < 0) return false;
+    value = static_cast<unsigned int>(scanned);
+    return true;
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ToInt64(const char* const text, std::int64_t& value) try {
+    return ParseInteger(text, value, IsValidSignedInteger, Extract<std::int64_t>);
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ToUInt64(const char* const text, std::uint64_t& value) try {
+    return ParseInteger(text, value, IsValidUnsignedInteger, Extract<std::uint64_t>);
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ToDouble(const char* const text, double& value) try {
+    const std::string prepared = Prepared(text);
+    return detail::MayBeReal(prepared) && sscanf_s(prepared.c_str(), "%lf", &value) == 1 &&
+           !std::isinf(value);
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::ExtractIndices(const char* const text, int& first, int& second) try {
+    first = second = -1;
+    const auto halves = detail::SplitIndices(detail::OrEmpty(text));
+    int one = 0;
+    int two = 0;
+    if (!ToInteger(std::string(halves.first).c_str(), one) ||
+        !ToInteger(std::string(halves.second).c_str(), two))
+        return false;
+    first = one;
+    second = two;
+    return true;
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

@@ -1,0 +1,120 @@
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+
+#include <algorithm>
+#include <clocale>
+#include <cmath>
+
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/SignificantFigures.h"
+
+namespace TAMO::TEV::System::Util {
+
+namespace {
+
+constexpr int kDecimals = 20;
+
+std::string ReadDecimalSeparator() {
+    const std::string_view separator = detail::OrEmpty(std::localeconv()->decimal_point);
+    return std::string(separator.empty() ? "." : separator);
+}
+
+// That of the C locale when the library is loaded.
+const std::string decimalSeparator = ReadDecimalSeparator();
+
+std::string Fixed(double value) {
+    return TEVUtilString::ToString(std::fabs(value), false, kDecimals);
+}
+
+// The magnitude rounded to so many figures; empty when it cannot be.
+std::string Rounded(double value, int figures, bool scientific) {
+    const auto rounded = detail::RoundToFigures(Fixed(value), figures);
+    if (!rounded) return {};
+    return scientific ? detail::InExponentForm(*rounded, figures) : *rounded;
+}
+
+// Both texts before they are tidied; empty when they cannot be made.
+std::string ValueText(double value, double uncertainty, const std::string& uncertaintyExponent,
+                      bool scientific) {
+    const auto analysed = detail::AnalyseFigures(Fixed(value));
+    const auto exponent = detail::ExponentOf(uncertaintyExponent);
+    if (!analysed || !exponent) return {};
+    const int figures =
+        detail::FiguresWorthShowing(std::fabs(value), *analysed, uncertainty, *exponent);
+    const std::string rounded = Rounded(value, figures, scientific);
+    if (rounded.empty()) return {};
+    return detail::WithoutIdlePoint(value > 0 ? rounded : "-" + rounded);
+}
+
+std::string Localised(std::string text) {
+    const std::size_t point = text.find('.');
+    if (point != std::string::npos) text.replace(point, 1, decimalSeparator);
+    return text;
+}
+
+}  // namespace
+
+bool TEVUtilString::GetSignificantFiguresInfo(const char* const text, bool& hasDigits,
+                                              bool& hasPoint, int& first, int& last, int& point,
+                                              int& count) {
+    hasDigits = hasPoint = false;
+    first = last = point = count = -1;
+    const auto figures = detail::AnalyseFigures(detail::OrEmpty(text));
+    if (!figures) return false;
+    hasDigits = figures->hasDigits;
+    hasPoint = figures->hasPoint;
+    first = figures->first;
+    last = figures->last;
+    point = figures->point;
+    count = figures->count;
+    return true;
+}
+
+bool TEVUtilString::RoundToSignificantFigures(bool scientific, char** out, double value, int* first,
+                                              int* last, int* point, int figures) {
+    const std::string rounded = Rounded(value, figures, scientific);
+    const std::string_view mantissa = std::string_view(rounded).substr(0, rounded.find('e'));
+    const auto analysed = detail::AnalyseFigures(mantissa);
+    if (!analysed) return false;
+    *first = analysed->first;
+    *last = analysed->last;
+    *point = analysed->point;
+    return detail::HandOut(rounded, out);
+}
+
+bool TEVUtilString::SignificantFigures(double value, double uncertainty, char** valueText,
+                                       char** uncertaintyText, bool scientific) try {
+    if (!(uncertainty > 0) || valueText == nullptr || uncertaintyText == nullptr) return false;
+    *valueText = nullptr;
+    *uncertaintyText = nullptr;
+    const std::string exponentForm = Rounded(uncertainty, 1, true);
+    if (exponentForm.empty()) return false;
+    // KEEP: a value of 0 keeps its point in either form.
+    const std::string zero = scientific ? "0.e+00" : "0.0";
+    const std::string shown =
+        value == 0 ? zero : ValueText(value, uncertainty, exponentForm, scientific);
+    const std::string beside =
+        detail::WithoutIdlePoint(scientific ? exponentForm : Rounded(uncertainty, 1, false));
+    if (shown.empty() || beside.empty()) return false;
+    detail::OwnedText first = detail::MakeText(Localised(shown));
+    detail::HandOut(Localised(beside), uncertaintyText);
+    *valueText = first.release();
+    return true;
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilString::TruncateUncertaintyValue(double value, char** out, bool scientific,
+                                             int figures) try {
+    if (out == nullptr) return false;
+    *out = nullptr;
+    int first = 0;
+    int last = 0;
+    int point = 0;
+    return value > 0 && RoundToSignificantFigures(scientific, out, value, &first, &last, &point,
+                                                  std::max(figures, 1));
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

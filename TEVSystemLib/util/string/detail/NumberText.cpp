@@ -1,0 +1,81 @@
+#include "TEVSystemLib/util/string/detail/NumberText.h"
+
+#include <cstddef>
+
+namespace TAMO::TEV::System::Util::detail {
+
+namespace {
+
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// How often a kind of character occurs, and where first.
+struct Occurrence {
+    std::size_t count = 0;
+    std::size_t first = std::string_view::npos;
+
+    void Note(std::size_t at) {
+        if (count++ == 0) first = at;
+    }
+    bool IsAt(std::size_t position) const { return count > 0 && first == position; }
+};
+
+struct Scan {
+    Occurrence points;
+    Occurrence signs;
+    Occurrence exponents;
+    Occurrence others;
+};
+
+Scan ScanNumber(std::string_view text) {
+    Scan scan;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (IsDigit(c)) continue;
+        if (c == '.') {
+            scan.points.Note(i);
+        } else if (c == '+' || c == '-') {
+            scan.signs.Note(i);
+        } else if (c == 'e' || c == 'E') {
+            scan.exponents.Note(i);
+        } else {
+            scan.others.Note(i);
+        }
+    }
+    return scan;
+}
+
+}  // namespace
+
+IntegerText ClassifyInteger(std::string_view text, Sign sign) {
+    if (text.empty()) return IntegerText::Invalid;
+    const Scan scan = ScanNumber(text);
+    const bool isForeign = scan.others.count > 0 || scan.exponents.count > 0 ||
+                           (sign == Sign::PlusOnly && text.find('-') != std::string_view::npos);
+    const bool isSigned = scan.signs.count > 0;
+    if (isForeign || scan.points.count > 1 || scan.signs.count > 1 ||
+        (isSigned && !scan.signs.IsAt(0)))
+        return IntegerText::Invalid;
+    return scan.points.IsAt(isSigned ? 1 : 0) ? IntegerText::Zero : IntegerText::Digits;
+}
+
+bool MayBeReal(std::string_view text) {
+    const Scan scan = ScanNumber(text);
+    const bool hasExponent = scan.exponents.count > 0;
+    if (text.empty() || scan.others.count > 0 || scan.exponents.count > 1 || scan.points.count > 1)
+        return false;
+    if (scan.signs.count > (hasExponent ? 2U : 1U)) return false;
+    if (!hasExponent) return scan.signs.count == 0 || scan.signs.IsAt(0);
+    // KEEP: where a sign stands beside an exponent marker is not looked at.
+    return !scan.exponents.IsAt(0) &&
+           !(scan.exponents.IsAt(1) && (scan.points.IsAt(0) || scan.signs.IsAt(0)));
+}
+
+IndexTexts SplitIndices(std::string_view text) {
+    constexpr std::size_t kMinimumLength = 5;
+    if (text.size() < kMinimumLength || text.front() != '[' || text.back() != ']') return {};
+    const std::size_t comma = text.find(',');
+    if (comma == std::string_view::npos) return {};
+    return {text.substr(1, comma - 1), text.substr(comma + 1, text.size() - comma - 2)};
+}
+
+}  // namespace TAMO::TEV::System::Util::detail

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string_view>
+
+// Which texts are taken for numbers. Digits are ASCII digits; nothing here converts.
+namespace TAMO::TEV::System::Util::detail {
+
+enum class Sign { PlusOrMinus, PlusOnly };
+
+enum class IntegerText {
+    Invalid,
+    Zero,   // no digit stands before the point: the integer value is 0 whatever follows
+    Digits  // to be scanned; may still be a bare sign
+};
+
+// An optional leading sign and digits with at most one point among them, in any arrangement.
+IntegerText ClassifyInteger(std::string_view text, Sign sign);
+
+// Digits, signs, points and exponent markers in an arrangement that is worth scanning; not every
+// such text converts.
+bool MayBeReal(std::string_view text);
+
+struct IndexTexts {
+    std::string_view first;
+    std::string_view second;
+};
+
+// The two halves of "[first,second]", which may be empty; both are empty for any other text.
+IndexTexts SplitIndices(std::string_view text);
+
+}  // namespace TAMO::TEV::System::Util::detail

@@ -1,0 +1,135 @@
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+#include <TEVSystemLib/util/windows/TEVUtilWindows.h>
+
+#include <limits>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/windows/detail/BstrText.h"
+#include "TEVSystemLib/util/windows/detail/VariantArrays.h"
+
+namespace TAMO::TEV::System::Util {
+
+namespace {
+
+using Row = std::pair<std::string_view, std::string_view>;
+using Table = std::map<std::string, char*>;
+
+constexpr ULONG kColumns = 2;
+
+std::vector<Row> RowsOf(const Table& data) {
+    std::vector<Row> rows;
+    for (const auto& [key, value] : data) {
+        if (!key.empty() && value != nullptr) rows.emplace_back(key, value);
+    }
+    return rows;
+}
+
+bool Put(SAFEARRAY* array, LONG row, LONG column, std::string_view text) {
+    LONG index[] = {row, column};
+    const detail::OwnedBstr element = detail::ToBstr(text);
+    return SUCCEEDED(SafeArrayPutElement(array, index, element.get()));
+}
+
+detail::OwnedSafeArray MakeTable(const std::vector<Row>& rows) {
+    if (rows.size() > static_cast<std::size_t>(std::numeric_limits<LONG>::max()))
+        return detail::OwnedSafeArray(nullptr);
+    SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(rows.size()), 0}, {kColumns, 0}};
+    detail::OwnedSafeArray array(SafeArrayCreate(VT_BSTR, 2, bounds));
+    if (!array) return array;
+    LONG row = 0;
+    for (const auto& [key, value] : rows) {
+        if (!Put(array.get(), row, 0, key) || !Put(array.get(), row, 1, value))
+            return detail::OwnedSafeArray(nullptr);
+        ++row;
+    }
+    return array;
+}
+
+std::optional<detail::OwnedBstr> Read(SAFEARRAY* array, LONG column, LONG entry) {
+    // KEEP: column first, entry second, the reverse of what the writer does; the tables that hosts
+    // send lie this way.
+    LONG index[] = {column, entry};
+    BSTR text = nullptr;
+    if (FAILED(SafeArrayGetElement(array, index, &text))) return std::nullopt;
+    return detail::OwnedBstr(text);
+}
+
+// Owns the strings of a table until it is handed out.
+class OwnedTable {
+ public:
+    OwnedTable() = default;
+    ~OwnedTable() {
+        for (auto& [key, value] : table_) TEVUtilString::DeleteCString(&value);
+    }
+    OwnedTable(const OwnedTable&) = delete;
+    OwnedTable& operator=(const OwnedTable&) = delete;
+
+    bool Holds(const std::string& key) const { return table_.count(key) != 0; }
+    void Add(const std::string& key, detail::OwnedText value) {
+        char*& slot = table_[key];
+        slot = value.release();
+    }
+    void HandOut(Table& out) { out.swap(table_); }
+
+ private:
+    Table table_;
+};
+
+// Adds one entry; false ends the extraction.
+bool ReadEntry(SAFEARRAY* array, LONG entry, OwnedTable& table) {
+    const auto key = Read(array, 0, entry);
+    if (!key) return true;
+    const std::string name = detail::FromBstr(key->get());
+    if (name.empty() || table.Holds(name)) return true;
+    const auto value = Read(array, 1, entry);
+    detail::OwnedText text;
+    if (!value || !detail::TakeText(value->get(), text)) return false;
+    table.Add(name, std::move(text));
+    return true;
+}
+
+}  // namespace
+
+bool TEVUtilWindows::CreateKeyValueDataVariant(std::map<std::string, char*> const* data,
+                                               tagVARIANT* out, char const* firstKey,
+                                               char const* firstValue) try {
+    if (out == nullptr) return false;
+    VariantInit(out);
+    if (data == nullptr) return false;
+    std::vector<Row> rows = RowsOf(*data);
+    if (rows.empty()) return false;
+    const std::string_view key = detail::TrimIfSpaced(detail::OrEmpty(firstKey));
+    if (!key.empty() && firstValue != nullptr) {
+        // KEEP: a first row without a value fails the call.
+        if (*firstValue == '\0') return false;
+        rows.insert(rows.begin(), Row(key, firstValue));
+    }
+    detail::OwnedSafeArray array = MakeTable(rows);
+    if (!array) return false;
+    detail::Commit(array, VT_BSTR, out);
+    return true;
+} catch (...) {
+    return false;
+}
+
+bool TEVUtilWindows::ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
+                                                    std::map<std::string, char*>& out) try {
+    out.clear();
+    SAFEARRAY* array = detail::ArrayIn(variant, VT_BSTR);
+    if (array == nullptr || SafeArrayGetDim(array) != 2) return false;
+    OwnedTable table;
+    const auto count = static_cast<LONG>(detail::FirstCount(array));
+    for (LONG entry = 0; entry < count; ++entry) {
+        if (!ReadEntry(array, entry, table)) return false;
+    }
+    table.HandOut(out);
+    return true;
+} catch (...) {
+    return false;
+}
+
+}  // namespace TAMO::TEV::System::Util

@@ -3,7 +3,7 @@
 need_wine() {
     [ -d "$cache/wine" ] || make_wine_prefix
     # Kept alive between programs, each of which would otherwise start it anew.
-    WINEPREFIX=$cache/wine WINEDEBUG=-all /usr/lib/wine/wineserver64 -p60 >"$cache/wine.log" 2>&1 ||
+    WINEPREFIX=$cache/wine WINEDEBUG=-all /usr/lib/wine/wineserver64 -p60 >/dev/null 2>&1 ||
         true
 }
 

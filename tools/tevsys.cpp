@@ -2,6 +2,8 @@
 
 #include <TEVSystemLib/system/TEVSysCnst.h>
 #include <TEVSystemLib/system/TEVSystemProperties.h>
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+#include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 #include <fcntl.h>
 #include <io.h>
 
@@ -13,12 +15,15 @@
 #include <string>
 
 #include "tools/tevsys_demo.h"
+#include "tools/tevsys_figures.h"
 #include "tools/tevsys_store.h"
 #include "tools/tevsys_where.h"
 
 namespace {
 
 using TAMO::TEV::System::TEVSystemProperties;
+using TAMO::TEV::System::Util::TEVUtilString;
+using TAMO::TEV::System::Util::TEVUtilWindows;
 using Key = TAMO::TEV::System::TEVSysCnst::PropertyKey;
 
 enum ExitCode : int { kDone = 0, kFailed = 1, kUsage = 2 };
@@ -95,11 +100,54 @@ ExitCode Demo() {
     return kDone;
 }
 
+ExitCode Figures(const std::string& value, const std::string& uncertainty, bool scientific) {
+    double measured = 0;
+    double spread = 0;
+    if (!TEVUtilString::ToDouble(value.c_str(), measured))
+        return Fail(kUsage, "no decimal number: " + value);
+    if (!TEVUtilString::ToDouble(uncertainty.c_str(), spread))
+        return Fail(kUsage, "no decimal number: " + uncertainty);
+    if (!(spread > 0)) return Fail(kFailed, "no figures: the uncertainty must be above 0");
+    const auto figures = tevsys::SignificantFigures(measured, spread, scientific);
+    if (!figures) return Fail(kFailed, "no figures: nothing but zeros in the first 20 decimals");
+    std::cout << figures->value << '\t' << figures->uncertainty << '\n';
+    return kDone;
+}
+
+ExitCode Guid() {
+    const std::string guid = TEVUtilWindows::GetGUID();
+    if (guid.empty()) return Fail(kFailed, "the system made no GUID");
+    std::cout << guid << '\n';
+    return kDone;
+}
+
 struct Arguments {
     std::string key;
     std::string value;
+    std::string uncertainty;
+    bool scientific = false;
     std::function<ExitCode()> verb;
 };
+
+// The verbs that work without the store.
+void AddPlainVerbs(CLI::App& app, Arguments& a) {
+    CLI::App* figures =
+        app.add_subcommand("figures", "Print a measured value as its uncertainty allows");
+    figures->add_option("VALUE", a.value, "The measured value, a decimal number")->required();
+    figures->add_option("UNCERTAINTY", a.uncertainty, "Its uncertainty, above 0")->required();
+    figures->add_flag("--scientific", a.scientific, "In exponent form");
+    figures->callback(
+        [&a] { a.verb = [&a] { return Figures(a.value, a.uncertainty, a.scientific); }; });
+    figures->footer(
+        "One line of value<TAB>uncertainty: the uncertainty has one significant figure, and the\n"
+        "value ends at the same place. Write -- before VALUE when it begins with a minus and a\n"
+        "point. Exit 1: the uncertainty is not above 0, or a number has nothing but zeros in its\n"
+        "first 20 decimals.");
+
+    CLI::App* guid = app.add_subcommand("guid", "Print a new GUID");
+    guid->callback([&a] { a.verb = Guid; });
+    guid->footer("36 characters in lower case, without braces.");
+}
 
 void AddVerbs(CLI::App& app, Arguments& arguments) {
     Arguments& a = arguments;
@@ -142,6 +190,8 @@ void AddVerbs(CLI::App& app, Arguments& arguments) {
     CLI::App* demo = app.add_subcommand("demo", "Print what a host sees, for people to read");
     demo->callback([&a] { a.verb = Demo; });
     demo->footer("Folders and files, properties, environment before and after, switches.");
+
+    AddPlainVerbs(app, a);
 }
 
 std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error) {

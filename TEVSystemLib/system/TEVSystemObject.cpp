@@ -6,17 +6,19 @@
 
 namespace TAMO::TEV::System {
 
-TEVSystemObject::TEVSystemObject() : objectID_(nullptr), className_(nullptr), objectCount_(0) {}
+TEVSystemObject::TEVSystemObject() = default;
 
-// KEEP: a copy has no identity.
+// KEEP: an identity names one object, so a copy has none.
 TEVSystemObject::TEVSystemObject(const TEVSystemObject&) : TEVSystemObject() {}
 
 TEVSystemObject::~TEVSystemObject() { CleanupTEVSystemObject(); }
 
+// KEEP: the same object, whatever the identifiers say.
 bool TEVSystemObject::operator==(const TEVSystemObject& other) const { return this == &other; }
 
 bool TEVSystemObject::operator!=(const TEVSystemObject& other) const { return !(*this == other); }
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp): it never assigns.
 TEVSystemObject& TEVSystemObject::operator=(const TEVSystemObject&) {
     Util::detail::ThrowRuntimeError("Invalid operation - assignment operation is not allowed.");
 }

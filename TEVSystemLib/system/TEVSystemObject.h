@@ -19,7 +19,8 @@ class TEVSYSTEMLIB_API TEVSystemObject {
     // The negation of the virtual operator==, so that a derived class's equality is honoured.
     virtual bool operator!=(const TEVSystemObject& other) const;
 
-    // The identity; null or 0 without one. The texts belong to the object.
+    // The identity; null or 0 without one. The texts belong to the object and last as long as
+    // its identity.
     const char* GetTEVSystemObjectID() const;
     const char* GetTEVSystemObjectClassName() const;
     std::size_t GetObjectCount() const;
@@ -30,19 +31,21 @@ class TEVSYSTEMLIB_API TEVSystemObject {
     TEVSystemObject();
 
     // Gives the object its identity, "className:count:name" with both texts trimmed if a plain
-    // space stands at an end. False with nothing changed when it has one already, a text is null or
-    // empty, or memory is exhausted.
+    // space stands at an end and the count as TEVUtilString::ToString writes it. False with
+    // nothing changed when it has one already, a text is null or empty after trimming, or
+    // memory is exhausted.
     bool SetTEVSystemObject(const char* const name, const char* const className, std::size_t count);
 
  private:
     TEVSystemObject(const TEVSystemObject& other);
-    // Throws std::runtime_error "Invalid operation - assignment operation is not allowed.".
+    // Throws std::runtime_error "Invalid operation - assignment operation is not allowed.";
+    // when memory is exhausted with the text for that.
     virtual TEVSystemObject& operator=(const TEVSystemObject& other);
     void CleanupTEVSystemObject();
 
-    char* objectID_;
-    char* className_;
-    std::size_t objectCount_;
+    char* objectID_ = nullptr;
+    char* className_ = nullptr;
+    std::size_t objectCount_ = 0;
 };
 
 }  // namespace TAMO::TEV::System

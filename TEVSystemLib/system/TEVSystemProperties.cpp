@@ -33,6 +33,8 @@ const std::string* Lookup(PropertyTables tables, const std::string& key) {
     if (const auto found = tables.user.find(key); found != tables.user.end()) return &found->second;
     if (const auto found = tables.system.find(key); found != tables.system.end())
         return &found->second;
+    // KEEP: cached for good; a later change of the variable is not seen until the store is
+    // reloaded.
     auto value = Util::detail::TryReadVariable(key);
     if (!value) return nullptr;
     return &tables.system.emplace(key, *std::move(value)).first->second;

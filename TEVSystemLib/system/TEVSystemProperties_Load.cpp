@@ -35,6 +35,7 @@ void ReadUserFile(Properties& user) {
     user = Read(folder, Key::TEV_USER_PROPERTIES_FILE_NAME, Key::TEV_USER_CONFIG_DIR);
 }
 
+// KEEP: one pass in key order; a value put in is not expanded again.
 // The lookup may add environment values to the table that is walked; those behind the current key
 // are expanded in their turn.
 void Expand(Properties& table, PropertyTables tables) {

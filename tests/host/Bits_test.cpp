@@ -111,8 +111,9 @@ TEST(SignedFromBits, RandomBytesOfEveryWidthAndAlignment) {
 }
 
 std::vector<char> BitArray(unsigned number, std::size_t length) {
-    std::vector<char> bits(length);
-    for (std::size_t i = length; i-- > 0; number /= 2) bits[i] = static_cast<char>(number % 2);
+    std::vector<char> bits;
+    for (std::size_t i = 0; i < length; ++i)
+        bits.push_back(static_cast<char>(number >> (length - 1 - i) & 1U));
     return bits;
 }
 

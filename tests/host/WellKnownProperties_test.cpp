@@ -32,7 +32,7 @@ TEST(SwitchValue, NothingForAnyOtherText) {
         EXPECT_EQ(SwitchValue(word), std::nullopt) << word;
 }
 
-TEST(CorrectedValue, SwitchesBecomeCanonicalOrTheDefault) {
+TEST(CorrectedValue, SwitchesBecomeCanonicalOrTheDefaultAsSpelt_Kept) {
     const struct {
         const char *key, *fallback;
     } rows[] = {

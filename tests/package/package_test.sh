@@ -30,3 +30,15 @@ run cmake --build "$work/build"
 cp "$work/moved/bin/"*.dll "$work/build"
 run "$here/../../scripts/wine.sh" "$work/build/consumer.exe"
 grep -q 'all expectations met' "$log" || { cat "$log" >&2; exit 1; }
+
+# The host of the README, as it stands there.
+mkdir "$work/readme"
+block() { sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/p" "$here/../../README.md" | sed '1d;$d'; }
+block cpp >"$work/readme/host.cpp"
+block cmake >"$work/readme/CMakeLists.txt"
+run cmake -G Ninja -S "$work/readme" -B "$work/readme/build" \
+    -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_PREFIX_PATH="$work/moved"
+run cmake --build "$work/readme/build"
+cp "$work/moved/bin/"*.dll "$work/readme/build"
+run "$here/../../scripts/wine.sh" "$work/readme/build/host.exe"
+grep -q 'silent, else at' "$log" || { cat "$log" >&2; exit 1; }

@@ -33,7 +33,9 @@ attempt() {
     code=$?
 }
 
-last_line_says() { tail -n 1 <<<"$output" | grep -q "^tev: .*$1"; }
+last_line_says() {
+    tail -n 1 <<<"$output" | grep -q "^tev: .*$1" && [ "$(grep -c '^tev: ' <<<"$output")" -eq 1 ]
+}
 leaves_nothing() { ! compgen -G "$work/cache/gdal-*" && ! compgen -G "$work/cache/building-gdal.*"; }
 fails() { [ "$code" -ne 0 ]; }
 
@@ -66,6 +68,24 @@ expect 'a failed build leaves nothing' leaves_nothing
 mkdir -p "$work/cache/building-gdal.old"
 attempt need_gdal
 expect 'remains of an interrupted build are cleared' leaves_nothing
+
+# The same folder once more, with tools that work: the second run repairs.
+stand_in apt-get 'case "$*" in
+    indextargets*) echo "deb-src x y z" ;;
+    *source*)
+        for name in gdal proj sqlite3; do
+            mkdir -p $name-1/debian && echo text >$name-1/debian/copyright
+        done
+        printf "#!/bin/sh\ntouch sqlite3.h sqlite3ext.h sqlite3.c\n" >sqlite3-1/configure
+        chmod +x sqlite3-1/configure ;;
+esac'
+for tool in make cmake x86_64-w64-mingw32-gcc-posix x86_64-w64-mingw32-ar; do
+    stand_in $tool 'exit 0'
+done
+attempt need_gdal
+expect 'a second run repairs' [ "$code" -eq 0 ]
+expect 'a repaired build is in place' compgen -G "$work/cache/gdal-*/share/licenses/gdal"
+expect 'a repaired build leaves no remains' bash -c "! compgen -G '$work/cache/building-gdal.*'"
 
 fresh
 stand_in dpkg-query 'exit 1'

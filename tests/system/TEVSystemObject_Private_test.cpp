@@ -46,7 +46,7 @@ std::string Assign(TEVSystemObject& target, const TEVSystemObject& source) {
     return "(nothing)";
 }
 
-TEST(CopyConstructor, LeavesTheCopyWithoutIdentity) {
+TEST(CopyConstructor, LeavesTheCopyWithoutIdentity_Kept) {
     Thing thing;
     ASSERT_TRUE(thing.SetTEVSystemObject("left", "ImageView", 3));
     const TEVSystemObject copy(thing);

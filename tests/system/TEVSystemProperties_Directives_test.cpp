@@ -212,6 +212,13 @@ TEST_F(Directives, FolderIsInFrontOfPathOnce) {
     EXPECT_THAT(SystemVariable("PATH"), Optional(tools_.Path() + ";" + before));
 }
 
+TEST_F(Directives, FolderIsTakenOutOfPathInAnyLetterCase) {
+    const Variable path("PATH", "C:\\windows\\system32;C:\\OLD;C:\\windows;c:\\old");
+    Load("tev.env.rm.1=PATH|C:\\old\n");
+    EXPECT_THAT(SystemVariable("PATH"),
+                Optional(std::string("C:\\windows\\system32;C:\\windows;c:\\old")));
+}
+
 TEST_F(Directives, EnvironmentOfTheRuntimeLibraryFollows) {
     Load("tev.env.new.1=X|1\n");
     EXPECT_STREQ(std::getenv("X"), "1");

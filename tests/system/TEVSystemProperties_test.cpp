@@ -71,7 +71,7 @@ TEST_F(GetProperty, EnvironmentValueIsKeptUntilTheTablesAreRebuilt) {
     EXPECT_THAT(Get("TEV_TEST_X"), Optional(std::string("new")));
 }
 
-TEST_F(GetProperty, EnvironmentValueIsCachedInTheSystemTable) {
+TEST_F(GetProperty, EnvironmentValueIsCachedInTheSystemTable_Kept) {
     const Variable variable("TEV_TEST_X", "environment");
     Load("a=1\n", "b=2\n");
     EXPECT_THAT(OpenStore::System(), Not(Contains(Key("TEV_TEST_X"))));

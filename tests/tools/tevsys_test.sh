@@ -155,6 +155,63 @@ prints_line '  a.both = from user'
 prints_line '    before  a;b'
 prints_line '    after   a;b;c'
 
+# figures
+figures() {
+    tevsys figures "$@"
+    exits 0; says_nothing
+}
+figures 123.456 0.0234
+prints $'123.46\t0.02\n'
+figures --scientific 123.456 0.0234
+prints $'1.2346e+02\t2e-02\n'
+figures 123.456 0.0234 --scientific
+prints $'1.2346e+02\t2e-02\n'
+figures -123.456 .0234
+prints $'-123.46\t0.02\n'
+figures -- -.123456 0.0234
+prints $'-0.12\t0.02\n'
+figures 1.23456E2 +2.34e-2
+prints $'123.46\t0.02\n'
+figures 0 5
+prints $'0.0\t5\n'
+figures 12.5 1
+prints $'12\t1\n'
+while IFS='|' read -r value uncertainty why; do
+    tevsys figures "$value" "$uncertainty"
+    exits 1; prints ''; says "no figures: $why"; says_one_line
+done <<'REFUSALS'
+1|0|.*above 0
+1|-0.1|.*above 0
+0|0|.*above 0
+1|1e-400|.*above 0
+1|1e-30|.*decimals
+1e-30|1|.*decimals
+REFUSALS
+while IFS='|' read -r value uncertainty word; do
+    tevsys figures "$value" "$uncertainty"
+    exits 2; prints ''; says "no decimal number: $word"; says_one_line
+done <<'WORDS'
+one|0.1|one
+1|some|some
+|1|
+1|0x10|0x10
+1,5|1|1,5
+1e400|1|1e400
+1|inf|inf
+WORDS
+
+# guid
+guid_form='^[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}$'
+tevsys guid
+exits 0; says_nothing
+holds 'prints a GUID' grep -Eq "$guid_form" out
+holds 'prints one line' [ "$(wc -l <out)" = 1 ]
+mv out first
+tevsys guid
+exits 0
+holds 'prints a GUID' grep -Eq "$guid_form" out
+holds 'prints another GUID each time' [ "$(<out)" != "$(<first)" ]
+
 # set
 own="tev.user.config.dir = $place\\user/
 tev.user.properties = $place\\user/tev.user.properties
@@ -229,7 +286,7 @@ exits 1; prints ''
 # help
 tevsys --help
 exits 0; says_nothing
-for verb in get list set env where demo; do
+for verb in get list set env where demo figures guid; do
     holds "names the verb $verb" grep -q "^  $verb  *[A-Z]" out
 done
 holds 'names the exit codes' grep -q 'Exit codes: 0 .*1 .*2 ' out
@@ -244,6 +301,9 @@ set|VALUE .*REQUIRED
 env|name=value
 where|name<TAB>folder<TAB>how
 demo|Folders and files
+figures|UNCERTAINTY .*REQUIRED
+figures|value<TAB>uncertainty
+guid|36 characters
 VERBS
 
 # wrong usage
@@ -259,6 +319,11 @@ list|a
 list|--colour
 where|a
 remove|a
+figures
+figures|1
+figures|1|2|3
+figures|-.5|1
+guid|a
 --verbose
 USAGES
 

@@ -111,6 +111,7 @@ std::optional<std::string_view> CorrectedValue(std::string_view key, std::string
         case Kind::FreeText:
             break;
     }
+    // KEEP: a default is put in as it is spelt, though a valid switch becomes "true" or "false".
     if (isValid) return std::nullopt;
     return row->defaultValue;
 }

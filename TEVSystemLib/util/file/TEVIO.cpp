@@ -139,6 +139,7 @@ bool TEVIO::readFile(char const* const path, char** data, std::uint64_t& size) t
     *data = nullptr;
     const TEVIO file(path, Read);
     const std::uint64_t count = file.fileSize();
+    // KEEP: an empty file is a failure; callers take a buffer for content.
     if (count == 0) return false;
     detail::OwnedText content = detail::MakeText(count);
     if (!file.read(content.get(), 0, count)) return false;

@@ -20,12 +20,12 @@ class TEVSYSTEMLIB_API TEVUtilFile {
     // character.
     static bool GetFileExtension(const char* const path, const char*& extension, bool includeDot);
 
-    // The text behind the last "\" as a new C string, released with TEVUtilString::DeleteCString. A
-    // name without folder, or directly in "\", gives false with null. Throws std::invalid_argument
-    // "ERROR: Invalid input fully qualified file name and/or NULL output parameter." for an empty
-    // path or a null `name` (untouched), "ERROR: Invalid input fully qualified file name." for a
-    // path that ends with
-    // "\"; std::runtime_error "Failed to allocate enough memory to perform requested operation.".
+    // The text behind the last "\" as a new C string, released with
+    // TEVUtilString::DeleteCString. A name without folder, or directly in "\", gives false with
+    // null. Throws std::invalid_argument "ERROR: Invalid input fully qualified file name and/or
+    // NULL output parameter." for an empty path or a null `name` (untouched), "ERROR: Invalid
+    // input fully qualified file name." for a path that ends with "\"; std::runtime_error
+    // "Failed to allocate enough memory to perform requested operation.".
     static bool GetFileName(const char* const path, char** name);
 
     // The position at which the file name begins in the path AS NORMALISED ABOVE (leading blanks
@@ -34,11 +34,10 @@ class TEVSYSTEMLIB_API TEVUtilFile {
 
     // Full paths of the files of a folder that match "*" + extension, in the system's order and
     // under its matching rules; the "." may be left out. The caller releases with
-    // TEVUtilString::DeleteCStringArray. `directory` and `extension` are UTF-8, the results are in
-    // the C locale. Outputs are untouched when the extension is shorter than two characters or ends
-    // with
-    // ".", or the folder does not exist. Null and 0 when nothing matches and on failure, also when
-    // the C locale lacks a character of one name.
+    // TEVUtilString::DeleteCStringArray. `directory` and `extension` are UTF-8, the results are
+    // in the C locale. Outputs are untouched when the extension is shorter than two characters
+    // or ends with ".", or the folder does not exist. Null and 0 when nothing matches and on
+    // failure, also when the C locale lacks a character of one name.
     static void GetFilesInDirWithGivenExt(char**& files, const char* const directory,
                                           const char* const extension, std::size_t& count);
 

@@ -50,6 +50,7 @@ void TEVUtilFile::GetFilesInDirWithGivenExt(char**& files, const char* const dir
                                             const char* const extension, std::size_t& count) {
     constexpr std::size_t kMinimumExtensionLength = 2;
     const std::string_view ending = detail::TrimIfSpaced(detail::OrEmpty(extension));
+    // KEEP: measured before a dot is put in front, so that an extension of one letter is refused.
     if (ending.size() < kMinimumExtensionLength || ending.back() == '.') return;
     try {
         const std::string folder(detail::TrimIfSpaced(detail::OrEmpty(directory)));

@@ -265,28 +265,33 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // refused. False says that the text was not accepted and leaves the output untouched.
     // "true" or "false" in any letter case, no other word.
     static bool ToBool(const char* const text, bool& value);
-    // Decimal digits with an optional leading sign. A fraction is accepted and dropped; no
-    // exponent, no hexadecimal. Numbers beyond 32 bits are accepted with a value of the C runtime's
-    // choice.
+    // Decimal digits with an optional leading sign. A fraction is accepted and dropped, "." and
+    // ".5" are 0; no exponent, no hexadecimal; a bare sign is refused. Numbers beyond 32 bits
+    // are accepted with a value of the C runtime's choice.
     static bool ToInteger(const char* const text, int& value);
     static bool ToLong(const char* const text, long& value);
-    // The same without "-". NOTHING ABOVE 2147483647 comes out.
+    // The same without "-". NOTHING ABOVE 2147483647 comes out: a larger number is refused or
+    // comes out as another one.
     static bool ToUnsignedInt(const char* const text, unsigned int& value);
-    // The same for 64 bits, as the standard streams extract. A BARE SIGN AND A NUMBER OUT OF RANGE
-    // ARE REPORTED AS TRUE, with a value of the stream's choice.
+    // 64 bits, `ToInt64` with and `ToUInt64` without "-", as the standard streams extract under
+    // the global C++ locale, which must not be changed meanwhile. A BARE SIGN AND A NUMBER OUT
+    // OF RANGE ARE REPORTED AS TRUE, with a value of the stream's choice.
     static bool ToInt64(const char* const text, std::int64_t& value);
     static bool ToUInt64(const char* const text, std::uint64_t& value);
-    // Decimal or exponent form, as the C runtime scans "%lf". An overflow is refused with infinity
-    // in the output; an underflow gives the nearest value.
+    // Decimal or exponent form, as the C runtime scans "%lf" with the decimal point of the C
+    // locale, which must not be changed meanwhile: under one with a comma "1.5" is 1. An
+    // overflow is refused with infinity in the output; an underflow gives the nearest value.
     static bool ToDouble(const char* const text, double& value);
     // "[first,second]", each as ToInteger takes it. A failure stores -1 in both.
     static bool ExtractIndices(const char* const text, int& first, int& second);
 
     // Measured values: texts of a value and its uncertainty, the uncertainty rounded to one
-    // significant figure and the value to the same place. With `scientific` in exponent form, else
-    // fixed. The decimal separator is that of the C locale when the library was loaded. False, with
-    // both null, for an uncertainty that is not above 0 or numbers whose first 20 decimals are
-    // zeros.
+    // significant figure and the value to the same place, with one figure at least; A VALUE OF
+    // EXACTLY 1 GETS MORE. With `scientific` in exponent form, else fixed; a value of 0 is
+    // "0.e+00" or "0.0". The decimal separator is that of the C locale when the library was
+    // loaded. False, with both null, for an uncertainty that is not above 0, infinite numbers,
+    // and numbers other than a value of 0 that read 0 with 20 decimals; also for every number
+    // while the global C++ locale has another point or groups digits.
     static bool SignificantFigures(double value, double uncertainty, char** valueText,
                                    char** uncertaintyText, bool scientific);
     // Where the significant figures of a number in fixed notation stand. Trailing zeros are
@@ -295,7 +300,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // and -1.
     static bool GetSignificantFiguresInfo(const char* const text, bool& hasDigits, bool& hasPoint,
                                           int& first, int& last, int& point, int& count);
-    // A value above 0 rounded to at least one significant figure, always with its point.
+    // A value above 0 rounded to at least one significant figure, always with its point, which
+    // is ".". Refuses what SignificantFigures refuses.
     static bool TruncateUncertaintyValue(double value, char** out, bool scientific, int figures);
 
     // Byte buffers: the first byte is the most significant. A refused call stores 0.
@@ -310,8 +316,9 @@ class TEVSYSTEMLIB_API TEVUtilString {
                                   std::uint64_t bitCount, std::uint64_t byteCount);
     static bool BitsToSignedLong(char alignment, const char* const bytes, long& out,
                                  std::uint64_t bitCount, std::uint64_t byteCount);
-    // Adds arrays whose elements are THE NUMBERS 0 AND 1, the first the most significant; any other
-    // element is refused. `sum` may be one of the addends.
+    // Adds arrays whose elements are THE NUMBERS 0 AND 1, the first the most significant; with
+    // any other element false and a sum of zeros. `sum` may be one of the addends. A null array
+    // and a length of 0 are refused with `sum` untouched.
     static bool AddTwoBinaryBitArrays(bool& carry, char* first, char* second, char* sum,
                                       std::uint64_t length);
     // The bytes as decimal numbers, or as eight bits each, with or without commas between them. The
@@ -326,6 +333,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool Swap32BitWord(unsigned int* array, int count);
     static bool Swap32BitFloat(float* array, int count);
     static bool Swap64BitDouble(double* array, int count);
+    // Always LittleEndian; nothing is probed.
     static TEVSysCnst::ByteOrder SystemByteOrder();
 
     // Messages by severity. The creators store a new, empty container in *vector or *map; they do
@@ -333,9 +341,10 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // holds, set the pointer to null, accept null and always give true.
     static void GetMsgsVector(std::vector<char*>** vector);
     static void GetMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
-    // Appends a copy of the message, owned by `messages`, to its level; a level without vector gets
-    // one. A null or empty message or an unknown level is refused; a failure changes nothing. Calls
-    // on one map must be made one at a time.
+    // Appends a copy of the message, owned by `messages`, to its level; a level without vector
+    // gets one. Readers neither release the messages nor keep them longer than their vector. A
+    // null or empty message or an unknown level is refused; a failure changes nothing. Calls on
+    // one map must be made one at a time.
     static bool AddMessage(const char* const message, TEVSysCnst::MsgLevel level,
                            std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>& messages);
     static bool DeleteMsgsVector(std::vector<char*>** vector);

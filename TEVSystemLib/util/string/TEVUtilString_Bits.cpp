@@ -11,7 +11,7 @@ namespace TAMO::TEV::System::Util {
 namespace {
 
 constexpr std::uint64_t kBitsPerByte = 8;
-// KEEP: shorter fields are refused; no sensor format has them.
+// KEEP: shorter fields are refused, deliberately.
 constexpr std::uint64_t kMinimumBits = 4;
 
 // The unsigned number of a buffer that must fit `T`; a count of 0 means all of its bytes.
@@ -19,6 +19,7 @@ template <typename T>
 bool ReadUnsigned(const char* bytes, std::uint64_t byteCount, T& out) {
     out = 0;
     if (bytes == nullptr) return false;
+    // KEEP: no count means all bytes.
     if (byteCount == 0) byteCount = sizeof(T);
     if (byteCount > sizeof(T)) return false;
     out = static_cast<T>(detail::UnsignedFromBytes({bytes, byteCount}));
@@ -89,7 +90,7 @@ bool TEVUtilString::DecimalRepresentationOfBinary(const char* const bytes, std::
     for (const char byte : std::string_view(bytes, byteCount)) {
         const auto value = static_cast<unsigned char>(byte);
         if (commaSeparated && !text.empty()) text += TEVSysCnst::DELIMITER_COMMA;
-        text += asBits ? detail::BitsOf(value) : ToString(static_cast<unsigned long>(value));
+        text += asBits ? detail::BitsOf(value) : std::to_string(value);
     }
     return detail::HandOut(text, out);
 } catch (...) {

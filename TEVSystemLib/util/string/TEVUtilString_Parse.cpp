@@ -16,7 +16,7 @@ std::string Prepared(const char* text) {
     return std::string(detail::TrimIfSpaced(detail::OrEmpty(text)));
 }
 
-// Values outside 32 bits are the C runtime's affair.
+// KEEP: values outside 32 bits are the C runtime's affair, and a fraction ends the scan.
 bool ScanInt(const std::string& text, int& value) {
     return sscanf_s(text.c_str(), "%d", &value) == 1;
 }
@@ -101,6 +101,7 @@ bool TEVUtilString::ToUInt64(const char* const text, std::uint64_t& value) try {
 
 bool TEVUtilString::ToDouble(const char* const text, double& value) try {
     const std::string prepared = Prepared(text);
+    // KEEP: an overflow is refused with infinity already in the output.
     return detail::MayBeReal(prepared) && sscanf_s(prepared.c_str(), "%lf", &value) == 1 &&
            !std::isinf(value);
 } catch (...) {
@@ -108,6 +109,7 @@ bool TEVUtilString::ToDouble(const char* const text, double& value) try {
 }
 
 bool TEVUtilString::ExtractIndices(const char* const text, int& first, int& second) try {
+    // KEEP: unlike the parsers this one writes its outputs on failure too.
     first = second = -1;
     const auto halves = detail::SplitIndices(detail::OrEmpty(text));
     int one = 0;

@@ -72,6 +72,8 @@ bool TEVUtilString::GetSignificantFiguresInfo(const char* const text, bool& hasD
 
 bool TEVUtilString::RoundToSignificantFigures(bool scientific, char** out, double value, int* first,
                                               int* last, int* point, int figures) {
+    *out = nullptr;
+    *first = *last = *point = -1;
     const std::string rounded = Rounded(value, figures, scientific);
     const std::string_view mantissa = std::string_view(rounded).substr(0, rounded.find('e'));
     const auto analysed = detail::AnalyseFigures(mantissa);
@@ -84,12 +86,12 @@ bool TEVUtilString::RoundToSignificantFigures(bool scientific, char** out, doubl
 
 bool TEVUtilString::SignificantFigures(double value, double uncertainty, char** valueText,
                                        char** uncertaintyText, bool scientific) try {
+    if (valueText != nullptr) *valueText = nullptr;
+    if (uncertaintyText != nullptr) *uncertaintyText = nullptr;
     if (!(uncertainty > 0) || valueText == nullptr || uncertaintyText == nullptr) return false;
-    *valueText = nullptr;
-    *uncertaintyText = nullptr;
     const std::string exponentForm = Rounded(uncertainty, 1, true);
     if (exponentForm.empty()) return false;
-    // KEEP: a value of 0 keeps its point in either form.
+    // KEEP: a value of 0 keeps its point in either form; its texts are promised.
     const std::string zero = scientific ? "0.e+00" : "0.0";
     const std::string shown =
         value == 0 ? zero : ValueText(value, uncertainty, exponentForm, scientific);

@@ -90,13 +90,15 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Full file names of this process's modules.
     static bool RetrieveAllLoadedModulesInCurrentProcess(char**& modules, std::uint64_t& count);
     // Where the framework and its companions are installed: folders ending with "\", as new C
-    // strings; null, or false with null, when not found. The folder of the first of the framework's
-    // marker modules loaded in this process: "Plinth.dll", "SensorSupportDataLib.dll",
-    // "MeasureKitLib.dll".
+    // strings; null, or false with null, when not found. Folders found are tested as UTF-8:
+    // ASCII names are sure to be found.
+    // The folder of the first of the framework's marker modules loaded in this process:
+    // "Plinth.dll", "SensorSupportDataLib.dll", "MeasureKitLib.dll".
     static char* GetCurrentProcessCorvidRootFolder();
-    // The measurement toolkit's "lib\" folder beside the "data\" folder that KPT_DATA_DIR names, or
-    // the "plugins\" folder that CSM_PLUGIN_DIR names. Accepted only where "CSMAPI.dll" in it IS A
-    // FOLDER.
+    // The measurement toolkit's "lib\" folder beside the "data\" folder that KPT_DATA_DIR
+    // names; if that leads nowhere, beside the "plugins\" folder that CSM_PLUGIN_DIR names. The
+    // variables are read in the C locale and not trimmed. Accepted only where "CSMAPI.dll" in
+    // it IS A FOLDER.
     static char* GetCurrentProcessKPTRootFolder();
     // THE FOLDER of this process's executable, without the file name; also releasable with
     // TEVUtilMemory::DeallocateCharArray.
@@ -119,14 +121,15 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static std::uint64_t GetBSTRLength(wchar_t* const& text);
     // A new C string, released with DeleteCharBuffer; a null or empty text gives false.
     static bool FromBSTRToMultibyteChar(wchar_t* const& text, char** out);
-    // A new BSTR; a null or empty text gives false. Throws _com_error (E_OUTOFMEMORY) when memory
-    // is exhausted.
+    // A new BSTR; a null or empty text gives false. Throws the _com_error of <comdef.h>
+    // (E_OUTOFMEMORY) when memory is exhausted.
     static bool FromMultibyteCharToBSTR(char const* text, wchar_t** out);
 
     // "{38 characters}" as a new wide text, released with TEVUtilString::DeleteWCharBuffer, or a
     // new C string.
     static bool ConvertCLSIDToString(_GUID const& clsid, wchar_t** out);
     static bool ConvertCLSIDToString(_GUID const& clsid, char** out);
+    // From "{38 characters}" in either letter case, or a program name that the system knows.
     // `clsid` is the system's affair on failure. The narrow text is in the C locale.
     static bool GetCLSIDFromString(wchar_t const* text, _GUID& clsid);
     static bool GetCLSIDFromString(char const* text, _GUID& clsid);
@@ -136,8 +139,9 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static std::string GetGUID();
     // FALSE FOR EVERY TEXT: the expression behind it matches none. The first call should not race
     // with another.
-    [[deprecated("false for every text; use GetCLSIDFromString")]] static bool IsValidUUID(
-        char const* text);
+    [[deprecated(
+        "false for every text; use GetCLSIDFromString with the text in braces")]] static bool
+    IsValidUUID(char const* text);
 
     // An array of `count` empty variants; bare, or in a variant.
     static bool CreateSafeArrayOfVariants(tagSAFEARRAY** out, std::uint64_t count);
@@ -146,7 +150,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool DestroySafeArray(tagSAFEARRAY* array);
 
     // Arrays of one dimension with lower bound 0 in variants: VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
-    // What is extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
+    // Reading looks at the first stored bound only, and at numbers without a lock. What is
+    // extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
     static bool SetDoubleArrayVARIANT(double* data, std::uint64_t count, tagVARIANT* out);
     static bool SetIntArrayVARIANT(int* data, std::uint64_t count, tagVARIANT* out);
     static bool ExtractDoubleArrayFromVARIANT(double** out, std::uint64_t& count,
@@ -166,8 +171,10 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // front; an empty `firstValue` then fails the call, and so does a table without entries.
     static bool CreateKeyValueDataVariant(std::map<std::string, char*> const* data, tagVARIANT* out,
                                           char const* firstKey, char const* firstValue);
-    // Empties `out` without releasing its strings. The first of equal keys wins; an empty value is
-    // null. The caller releases each value with DeleteCharBuffer.
+    // Empties `out` without releasing its strings. The first of equal keys wins; entries
+    // without a key are passed over, an empty value is null, one that cannot be read fails the
+    // call. On failure what was read is released and `out` is empty. The caller releases each
+    // value with DeleteCharBuffer.
     static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
                                                std::map<std::string, char*>& out);
 

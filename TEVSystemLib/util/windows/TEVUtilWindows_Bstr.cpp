@@ -23,12 +23,13 @@ int TEVUtilWindows::CompareBSTR(bool ignoreCase, wchar_t* const& first, wchar_t*
         case CSTR_GREATER_THAN:
             return 1;
         default:
+            // KEEP: a null text, which the system refuses, throws too.
             detail::ThrowRuntimeError("BSTR comparison operation failed.");
     }
 }
 
 bool TEVUtilWindows::CopyBSTR(wchar_t* source, wchar_t** copy) {
-    if (source == nullptr || copy == nullptr) return false;
+    if (copy == nullptr) return false;
     *copy = SysAllocString(source);
     return *copy != nullptr;
 }

@@ -1,7 +1,6 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 
-#include <limits>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -35,8 +34,7 @@ bool Put(SAFEARRAY* array, LONG row, LONG column, std::string_view text) {
 }
 
 detail::OwnedSafeArray MakeTable(const std::vector<Row>& rows) {
-    if (rows.size() > static_cast<std::size_t>(std::numeric_limits<LONG>::max()))
-        return detail::OwnedSafeArray(nullptr);
+    if (!detail::FitsArray(VT_BSTR, kColumns * rows.size())) return detail::OwnedSafeArray(nullptr);
     SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(rows.size()), 0}, {kColumns, 0}};
     detail::OwnedSafeArray array(SafeArrayCreate(VT_BSTR, 2, bounds));
     if (!array) return array;
@@ -50,8 +48,8 @@ detail::OwnedSafeArray MakeTable(const std::vector<Row>& rows) {
 }
 
 std::optional<detail::OwnedBstr> Read(SAFEARRAY* array, LONG column, LONG entry) {
-    // KEEP: column first, entry second, the reverse of what the writer does; the tables that hosts
-    // send lie this way.
+    // KEEP: column first, entry second, the reverse of what the writer does; both orders are the
+    // interface's.
     LONG index[] = {column, entry};
     BSTR text = nullptr;
     if (FAILED(SafeArrayGetElement(array, index, &text))) return std::nullopt;
@@ -84,6 +82,7 @@ bool ReadEntry(SAFEARRAY* array, LONG entry, OwnedTable& table) {
     const auto key = Read(array, 0, entry);
     if (!key) return true;
     const std::string name = detail::FromBstr(key->get());
+    // KEEP: a key without text is passed over, while a value without text ends the extraction.
     if (name.empty() || table.Holds(name)) return true;
     const auto value = Read(array, 1, entry);
     detail::OwnedText text;
@@ -104,7 +103,7 @@ bool TEVUtilWindows::CreateKeyValueDataVariant(std::map<std::string, char*> cons
     if (rows.empty()) return false;
     const std::string_view key = detail::TrimIfSpaced(detail::OrEmpty(firstKey));
     if (!key.empty() && firstValue != nullptr) {
-        // KEEP: a first row without a value fails the call.
+        // KEEP: deliberately strict: a first row without a value fails the call.
         if (*firstValue == '\0') return false;
         rows.insert(rows.begin(), Row(key, firstValue));
     }

@@ -17,6 +17,7 @@ namespace TAMO::TEV::System::Util {
 
 namespace {
 
+// KEEP: the marker may stand anywhere in a module's path; callers rely on its leading backslash.
 std::optional<std::string> FolderOfMarker(const char* marker) {
     std::string folder;
     if (!TEVUtilWindows::RetrieveFullyQualifiedModulePath(marker, GetCurrentProcessId(), folder) ||
@@ -27,6 +28,7 @@ std::optional<std::string> FolderOfMarker(const char* marker) {
 
 // The toolkit's library folder, when the variable names its sub-folder `tail`.
 std::optional<std::string> ToolkitFolder(const char* variable, const char* tail) {
+    // KEEP: a variable that cannot be read counts as not set, so that the search goes on.
     const auto root = detail::RootBefore(tail, detail::TryReadVariable(variable).value_or(""));
     if (!root) return std::nullopt;
     std::string folder = *root + TEVSysCnst::STR_REL_PATH_LIB;
@@ -68,6 +70,7 @@ char* TEVUtilWindows::GetCurrentProcessKPTRootFolder() try {
     return nullptr;
 }
 
+// KEEP: the folder, in spite of the name.
 bool TEVUtilWindows::GetFullyQualifiedExePath(char** folder) try {
     constexpr DWORD kExePathChars = 8192;
     if (folder == nullptr) return false;

@@ -8,9 +8,9 @@ namespace TAMO::TEV::System::Util {
 
 bool TEVUtilWindows::SignificantFigures(double value, double uncertainty, wchar_t** valueText,
                                         wchar_t** uncertaintyText, bool scientific) try {
+    if (valueText != nullptr) *valueText = nullptr;
+    if (uncertaintyText != nullptr) *uncertaintyText = nullptr;
     if (valueText == nullptr || uncertaintyText == nullptr) return false;
-    *valueText = nullptr;
-    *uncertaintyText = nullptr;
     char* first = nullptr;
     char* second = nullptr;
     if (!TEVUtilString::SignificantFigures(value, uncertainty, &first, &second, scientific))

@@ -31,7 +31,8 @@ bool ExtractNumbers(T** out, std::uint64_t& count, const VARIANT* variant, VARTY
     count = 0;
     if (out == nullptr) return false;
     *out = nullptr;
-    // KEEP: the number of dimensions is not looked at; the first stored bound counts.
+    // KEEP: the number of dimensions is not looked at, the first stored bound counts; and the data
+    // is read without a lock.
     const SAFEARRAY* array = detail::ArrayIn(variant, elementType);
     if (array == nullptr || array->pvData == nullptr) return false;
     const std::uint64_t found = detail::FirstCount(array);
@@ -110,6 +111,7 @@ bool TEVUtilWindows::ExtractStringArrayFromVariant(char**& out, std::uint64_t& c
     count = 0;
     SAFEARRAY* array = detail::ArrayIn(variant, VT_BSTR);
     if (array == nullptr) return false;
+    // KEEP: the count stays when a later step fails.
     count = detail::FirstCount(array);
     const detail::LockedSafeArray locked = detail::Lock(array);
     if (!locked || array->pvData == nullptr) return false;

@@ -219,6 +219,16 @@ TEST(ReadFile, NulBytesBelongToTheContent) {
     EXPECT_EQ(std::string(data.get(), size), content);
 }
 
+TEST(ReadFile, EmptyFileIsAFailure_Kept) {
+    const tev::test::Folder folder;
+    char* data = nullptr;
+    std::uint64_t size = 7;
+    EXPECT_FALSE(
+        TAMO::TEV::System::Util::TEVIO::readFile(folder.Write("empty", "").c_str(), &data, size));
+    EXPECT_EQ(data, nullptr);
+    EXPECT_EQ(size, 0U);
+}
+
 TEST(ReadFile, FailureGivesNullAndZero) {
     const Folder folder;
     const std::string empty = folder.Write("empty.txt", "");

@@ -65,7 +65,8 @@ bool MayBeReal(std::string_view text) {
         return false;
     if (scan.signs.count > (hasExponent ? 2U : 1U)) return false;
     if (!hasExponent) return scan.signs.count == 0 || scan.signs.IsAt(0);
-    // KEEP: where a sign stands beside an exponent marker is not looked at.
+    // KEEP: where a sign or a point stands beside an exponent marker is not looked at; the scan
+    // ends there.
     return !scan.exponents.IsAt(0) &&
            !(scan.exponents.IsAt(1) && (scan.points.IsAt(0) || scan.signs.IsAt(0)));
 }

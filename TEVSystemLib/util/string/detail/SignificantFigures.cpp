@@ -51,10 +51,12 @@ std::optional<Figures> AnalyseFigures(std::string_view number) {
     const std::size_t first = digits.find_first_of(kNonZeroDigits);
     Figures figures;
     figures.hasPoint = point != kNone;
+    // KEEP: an integer of zeros is a number without figures, zeros with a point are none at all.
     if (first == kNone) {
         if (figures.hasPoint) return std::nullopt;
         return figures;
     }
+    // KEEP: trailing zeros count in a number with a point only.
     std::size_t last = digits.find_last_of(kNonZeroDigits);
     if (figures.hasPoint) last = digits.find_last_of(kDigits);
     const bool spansPoint = figures.hasPoint && first < point && point < last;
@@ -122,7 +124,8 @@ int FiguresWorthShowing(double magnitude, const Figures& value, double uncertain
     if (magnitude > 1.0) {
         figures = value.point + (exponent.isNegative ? exponent.magnitude : -exponent.magnitude);
     } else if (!(magnitude < 1.0 && uncertainty > 1.0)) {
-        // KEEP: the exponent is added whatever its sign.
+        // KEEP: the exponent is added whatever its sign; a magnitude of exactly 1 gets more
+        // figures.
         figures = value.point + 1 + exponent.magnitude - value.first;
     }
     return std::max(figures, 1);
@@ -131,6 +134,7 @@ int FiguresWorthShowing(double magnitude, const Figures& value, double uncertain
 std::string WithoutIdlePoint(std::string text) {
     const std::size_t size = text.size();
     if (size >= 2 && text[size - 1] == '.') {
+        // KEEP: behind a 0 the point stays, to mark the 0 as significant.
         if (text[size - 2] != '0') text.pop_back();
         return text;
     }

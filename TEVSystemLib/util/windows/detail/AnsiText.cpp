@@ -2,24 +2,38 @@
 
 #include <windows.h>
 
+#include <limits>
+#include <stdexcept>
+
 namespace TAMO::TEV::System::Util::detail {
 
+namespace {
+
+// The count as the system takes it.
+int CountOf(std::size_t size) {
+    if (size > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        throw std::length_error("text too long to convert");
+    return static_cast<int>(size);
+}
+
+}  // namespace
+
 std::wstring FromAnsi(std::string_view text) {
-    const auto count = static_cast<int>(text.size());
-    std::wstring wide(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), count, nullptr, 0)),
-        L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text.data(), count, wide.data(), static_cast<int>(wide.size()));
+    const int count = CountOf(text.size());
+    const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), count, nullptr, 0);
+    if (size == 0 && count != 0) throw std::runtime_error("text does not convert");
+    std::wstring wide(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text.data(), count, wide.data(), size);
     return wide;
 }
 
 std::string ToAnsi(std::wstring_view text) {
-    const auto count = static_cast<int>(text.size());
-    std::string narrow(static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, text.data(), count,
-                                                                    nullptr, 0, nullptr, nullptr)),
-                       '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), count, narrow.data(),
-                        static_cast<int>(narrow.size()), nullptr, nullptr);
+    const int count = CountOf(text.size());
+    const int size =
+        WideCharToMultiByte(CP_ACP, 0, text.data(), count, nullptr, 0, nullptr, nullptr);
+    if (size == 0 && count != 0) throw std::runtime_error("text does not convert");
+    std::string narrow(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), count, narrow.data(), size, nullptr, nullptr);
     return narrow;
 }
 

@@ -10,6 +10,7 @@ std::optional<std::string> RootBefore(std::string_view tail, std::string_view fo
     if (root.size() < tail.size()) return std::nullopt;
     const std::size_t cut = root.size() - tail.size();
     if (!EqualsIgnoringCase(std::string_view(root).substr(cut), tail)) return std::nullopt;
+    // KEEP: the tail need not be a whole name; "mydata\" ends with it too.
     root.resize(cut);
     return root;
 }

@@ -4,8 +4,27 @@
 
 namespace TAMO::TEV::System::Util::detail {
 
+namespace {
+
+constexpr std::uint64_t SizeOf(VARTYPE elementType) {
+    switch (elementType) {
+        case VT_VARIANT:
+            return sizeof(VARIANT);
+        case VT_I4:
+            return sizeof(LONG);
+        default:
+            return sizeof(double);
+    }
+}
+
+}  // namespace
+
+bool FitsArray(VARTYPE elementType, std::uint64_t count) {
+    return count <= std::numeric_limits<ULONG>::max() / SizeOf(elementType);
+}
+
 OwnedSafeArray MakeArray(VARTYPE elementType, std::uint64_t count) {
-    if (count == 0 || count > std::numeric_limits<ULONG>::max()) return OwnedSafeArray(nullptr);
+    if (count == 0 || !FitsArray(elementType, count)) return OwnedSafeArray(nullptr);
     SAFEARRAYBOUND bound{static_cast<ULONG>(count), 0};
     return OwnedSafeArray(SafeArrayCreate(elementType, 1, &bound));
 }

@@ -7,6 +7,9 @@
 
 namespace TAMO::TEV::System::Util::detail {
 
+// Do so many elements fit? Some systems compute an array's bytes in 32 bits and make a short one.
+bool FitsArray(VARTYPE elementType, std::uint64_t count);
+
 // A new array of one dimension with lower bound 0; invalid when `count` is 0 or too large, or the
 // system refuses it.
 OwnedSafeArray MakeArray(VARTYPE elementType, std::uint64_t count);

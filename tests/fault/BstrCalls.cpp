@@ -1,0 +1,42 @@
+#include "fault/BstrCalls.h"
+
+#include <windows.h>
+// oleauto.h needs windows.h before it.
+#include <oleauto.h>
+
+namespace {
+
+std::ptrdiff_t live = 0;
+int untilFailure = -1;
+
+}  // namespace
+
+// The pointers through which the library's objects call the system, and the linker's names for the
+// true ones.
+extern "C" {
+extern BSTR(WINAPI* __real___imp_SysAllocString)(const OLECHAR*);
+extern void(WINAPI* __real___imp_SysFreeString)(BSTR);
+
+static BSTR WINAPI AllocateCounted(const OLECHAR* text) {
+    if (untilFailure >= 0 && untilFailure-- == 0) return nullptr;
+    BSTR made = __real___imp_SysAllocString(text);
+    if (made != nullptr) ++live;
+    return made;
+}
+
+static void WINAPI FreeCounted(BSTR text) {
+    if (text != nullptr) --live;
+    __real___imp_SysFreeString(text);
+}
+
+BSTR(WINAPI* __wrap___imp_SysAllocString)(const OLECHAR*) = AllocateCounted;
+void(WINAPI* __wrap___imp_SysFreeString)(BSTR) = FreeCounted;
+}
+
+namespace tev::fault {
+
+std::ptrdiff_t LiveBstrs() { return live; }
+
+void FailBstr(int n) { untilFailure = n; }
+
+}  // namespace tev::fault

@@ -1,0 +1,99 @@
+// What the COM conversions do when the system has no memory for a BSTR.
+#include <TEVSystemLib/util/windows/TEVUtilWindows.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+// comdef.h needs windows.h before it.
+#include <comdef.h>
+
+#include <map>
+#include <string>
+
+#include "fault/BstrCalls.h"
+
+namespace {
+
+using TAMO::TEV::System::Util::TEVUtilWindows;
+using tev::fault::FailBstr;
+using tev::fault::LiveBstrs;
+
+// Calls `attempt` with the n-th allocation failing, n = 0, 1, 2 ... until it succeeds, and gives
+// the number of failures. No failure may leave a BSTR behind.
+template <typename Attempt>
+int FailuresUntilSuccess(Attempt attempt) {
+    for (int n = 0;; ++n) {
+        const auto before = LiveBstrs();
+        FailBstr(n);
+        const bool succeeded = attempt();
+        FailBstr(-1);
+        if (succeeded || n > 100) return n;
+        EXPECT_EQ(LiveBstrs(), before) << "after failure " << n;
+    }
+}
+
+TEST(FromMultibyteCharToBSTR, ExhaustedMemoryLeavesAsTheComError_Kept) {
+    wchar_t* text = nullptr;
+    FailBstr(0);
+    HRESULT code = S_OK;
+    try {
+        TEVUtilWindows::FromMultibyteCharToBSTR("text", &text);
+    } catch (const _com_error& error) {
+        code = error.Error();
+    }
+    FailBstr(-1);
+    EXPECT_EQ(code, E_OUTOFMEMORY);
+    EXPECT_EQ(text, nullptr);
+}
+
+TEST(CopyBSTR, FailureIsFalseWithNull) {
+    wchar_t source[] = L"text";
+    wchar_t* copy = source;
+    FailBstr(0);
+    EXPECT_FALSE(TEVUtilWindows::CopyBSTR(source, &copy));
+    FailBstr(-1);
+    EXPECT_EQ(copy, nullptr);
+}
+
+TEST(SetStringArrayVARIANT, FailureAtAnyElementLeavesNothing) {
+    const char* texts[] = {"a", "b", nullptr, "d"};
+    const char** strings = texts;
+    VARIANT variant;
+    EXPECT_EQ(FailuresUntilSuccess([&] {
+                  const bool isSet = TEVUtilWindows::SetStringArrayVARIANT(strings, 4, &variant);
+                  EXPECT_EQ(isSet, variant.vt != VT_EMPTY);
+                  VariantClear(&variant);
+                  return isSet;
+              }),
+              4);
+}
+
+TEST(CreateKeyValueDataVariant, FailureAtAnyElementLeavesNothing) {
+    char one[] = "1";
+    char two[] = "2";
+    const std::map<std::string, char*> data{{"a", one}, {"b", two}};
+    VARIANT variant;
+    EXPECT_EQ(FailuresUntilSuccess([&] {
+                  const bool isMade =
+                      TEVUtilWindows::CreateKeyValueDataVariant(&data, &variant, "first", "value");
+                  EXPECT_EQ(isMade, variant.vt != VT_EMPTY);
+                  VariantClear(&variant);
+                  return isMade;
+              }),
+              6);
+}
+
+TEST(WideSignificantFigures, FailureOfEitherTextLeavesNothing) {
+    EXPECT_EQ(FailuresUntilSuccess([] {
+                  wchar_t* value = nullptr;
+                  wchar_t* uncertainty = nullptr;
+                  const bool isMade = TEVUtilWindows::SignificantFigures(123.456, 0.02, &value,
+                                                                         &uncertainty, false);
+                  EXPECT_EQ(isMade, value != nullptr);
+                  EXPECT_EQ(isMade, uncertainty != nullptr);
+                  TEVUtilWindows::FreeBSTR(&value);
+                  TEVUtilWindows::FreeBSTR(&uncertainty);
+                  return isMade;
+              }),
+              2);
+}
+
+}  // namespace

@@ -17,18 +17,26 @@ using tev::fault::FailBstr;
 using tev::fault::LiveBstrs;
 
 // Calls `attempt` with the n-th allocation failing, n = 0, 1, 2 ... until it succeeds, and gives
-// the number of failures. No failure may leave a BSTR behind.
-template <typename Attempt>
-int FailuresUntilSuccess(Attempt attempt) {
-    for (int n = 0;; ++n) {
+// the number of failures. `check` is called after each failure.
+template <typename Attempt, typename Check>
+int FailuresUntilSuccess(Attempt attempt, Check check) {
+    constexpr int kTooMany = 100;
+    for (int n = 0; n < kTooMany; ++n) {
         const auto before = LiveBstrs();
         FailBstr(n);
         const bool succeeded = attempt();
         FailBstr(-1);
-        if (succeeded || n > 100) return n;
-        EXPECT_EQ(LiveBstrs(), before) << "after failure " << n;
+        if (succeeded) return n;
+        check(LiveBstrs() - before, n);
     }
+    return kTooMany;
 }
+
+void ExpectNothingLeft(std::ptrdiff_t left, int n) { EXPECT_EQ(left, 0) << "after failure " << n; }
+
+// The array frees the elements that it holds itself, past the counters: only what was stored is
+// gone.
+void ExpectOnlyStoredOnes(std::ptrdiff_t left, int n) { EXPECT_EQ(left, n); }
 
 TEST(FromMultibyteCharToBSTR, ExhaustedMemoryLeavesAsTheComError_Kept) {
     wchar_t* text = nullptr;
@@ -57,12 +65,15 @@ TEST(SetStringArrayVARIANT, FailureAtAnyElementLeavesNothing) {
     const char* texts[] = {"a", "b", nullptr, "d"};
     const char** strings = texts;
     VARIANT variant;
-    EXPECT_EQ(FailuresUntilSuccess([&] {
-                  const bool isSet = TEVUtilWindows::SetStringArrayVARIANT(strings, 4, &variant);
-                  EXPECT_EQ(isSet, variant.vt != VT_EMPTY);
-                  VariantClear(&variant);
-                  return isSet;
-              }),
+    EXPECT_EQ(FailuresUntilSuccess(
+                  [&] {
+                      const bool isSet =
+                          TEVUtilWindows::SetStringArrayVARIANT(strings, 4, &variant);
+                      EXPECT_EQ(isSet, variant.vt != VT_EMPTY);
+                      VariantClear(&variant);
+                      return isSet;
+                  },
+                  ExpectOnlyStoredOnes),
               4);
 }
 
@@ -71,28 +82,32 @@ TEST(CreateKeyValueDataVariant, FailureAtAnyElementLeavesNothing) {
     char two[] = "2";
     const std::map<std::string, char*> data{{"a", one}, {"b", two}};
     VARIANT variant;
-    EXPECT_EQ(FailuresUntilSuccess([&] {
-                  const bool isMade =
-                      TEVUtilWindows::CreateKeyValueDataVariant(&data, &variant, "first", "value");
-                  EXPECT_EQ(isMade, variant.vt != VT_EMPTY);
-                  VariantClear(&variant);
-                  return isMade;
-              }),
+    EXPECT_EQ(FailuresUntilSuccess(
+                  [&] {
+                      const bool isMade = TEVUtilWindows::CreateKeyValueDataVariant(
+                          &data, &variant, "first", "value");
+                      EXPECT_EQ(isMade, variant.vt != VT_EMPTY);
+                      VariantClear(&variant);
+                      return isMade;
+                  },
+                  ExpectNothingLeft),
               6);
 }
 
 TEST(WideSignificantFigures, FailureOfEitherTextLeavesNothing) {
-    EXPECT_EQ(FailuresUntilSuccess([] {
-                  wchar_t* value = nullptr;
-                  wchar_t* uncertainty = nullptr;
-                  const bool isMade = TEVUtilWindows::SignificantFigures(123.456, 0.02, &value,
-                                                                         &uncertainty, false);
-                  EXPECT_EQ(isMade, value != nullptr);
-                  EXPECT_EQ(isMade, uncertainty != nullptr);
-                  TEVUtilWindows::FreeBSTR(&value);
-                  TEVUtilWindows::FreeBSTR(&uncertainty);
-                  return isMade;
-              }),
+    EXPECT_EQ(FailuresUntilSuccess(
+                  [] {
+                      wchar_t* value = nullptr;
+                      wchar_t* uncertainty = nullptr;
+                      const bool isMade = TEVUtilWindows::SignificantFigures(123.456, 0.02, &value,
+                                                                             &uncertainty, false);
+                      EXPECT_EQ(isMade, value != nullptr);
+                      EXPECT_EQ(isMade, uncertainty != nullptr);
+                      TEVUtilWindows::FreeBSTR(&value);
+                      TEVUtilWindows::FreeBSTR(&uncertainty);
+                      return isMade;
+                  },
+                  ExpectNothingLeft),
               2);
 }
 

@@ -110,4 +110,14 @@ TEST(DecimalSeparator, LaterLocaleDoesNotChangeIt) {
     EXPECT_EQ(Shown(&TEVUtilString::SignificantFigures, 0, 0.0234, false), "0.0 +- 0.02");
 }
 
+TEST(ToDouble, FollowsTheDecimalPointOfTheCLocale) {
+    const Locale locale(kCommaLocale);
+    ASSERT_TRUE(locale.HasComma());
+    double value = 0;
+    EXPECT_TRUE(TEVUtilString::ToDouble("1.5", value));
+    EXPECT_EQ(value, 1.0);
+    EXPECT_TRUE(TEVUtilString::ToDouble("25e-1", value));
+    EXPECT_EQ(value, 2.5);
+}
+
 }  // namespace

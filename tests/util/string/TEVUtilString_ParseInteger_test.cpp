@@ -169,10 +169,8 @@ constexpr const char* kBeyond32Bits[] = {
 TEST(ToInteger, Tables) { ExpectIntegerTables<int>(&TEVUtilString::ToInteger); }
 
 TEST(ToInteger, BareSignIsRefused) {
-    for (const char* text : {"-", "+", " - ", "+ "}) {
-        int value = 77;
-        EXPECT_FALSE(TEVUtilString::ToInteger(text, value)) << Shown(text);
-    }
+    for (const char* text : {"-", "+", " - ", "+ "})
+        ExpectRefused<int>(&TEVUtilString::ToInteger, text);
 }
 
 TEST(ToInteger, NumberOutOfRangeIsASuccess_Kept) {
@@ -182,10 +180,8 @@ TEST(ToInteger, NumberOutOfRangeIsASuccess_Kept) {
 TEST(ToLong, Tables) { ExpectIntegerTables<long>(&TEVUtilString::ToLong); }
 
 TEST(ToLong, BareSignIsRefused) {
-    for (const char* text : {"-", "+", " - ", "+ "}) {
-        long value = 77;
-        EXPECT_FALSE(TEVUtilString::ToLong(text, value)) << Shown(text);
-    }
+    for (const char* text : {"-", "+", " - ", "+ "})
+        ExpectRefused<long>(&TEVUtilString::ToLong, text);
 }
 
 TEST(ToLong, NumberOutOfRangeIsASuccess_Kept) {

@@ -7,6 +7,7 @@
 namespace {
 
 std::ptrdiff_t live = 0;
+std::ptrdiff_t liveArrays = 0;
 int untilFailure = -1;
 
 }  // namespace
@@ -16,6 +17,23 @@ int untilFailure = -1;
 extern "C" {
 extern BSTR(WINAPI* __real___imp_SysAllocString)(const OLECHAR*);
 extern void(WINAPI* __real___imp_SysFreeString)(BSTR);
+
+extern SAFEARRAY*(WINAPI* __real___imp_SafeArrayCreate)(VARTYPE, UINT, SAFEARRAYBOUND*);
+extern HRESULT(WINAPI* __real___imp_SafeArrayDestroy)(SAFEARRAY*);
+
+static SAFEARRAY* WINAPI CreateCounted(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds) {
+    SAFEARRAY* made = __real___imp_SafeArrayCreate(type, dimensions, bounds);
+    if (made != nullptr) ++liveArrays;
+    return made;
+}
+
+static HRESULT WINAPI DestroyCounted(SAFEARRAY* array) {
+    --liveArrays;
+    return __real___imp_SafeArrayDestroy(array);
+}
+
+SAFEARRAY*(WINAPI* __wrap___imp_SafeArrayCreate)(VARTYPE, UINT, SAFEARRAYBOUND*) = CreateCounted;
+HRESULT(WINAPI* __wrap___imp_SafeArrayDestroy)(SAFEARRAY*) = DestroyCounted;
 
 static BSTR WINAPI AllocateCounted(const OLECHAR* text) {
     if (untilFailure >= 0 && untilFailure-- == 0) return nullptr;
@@ -36,6 +54,8 @@ void(WINAPI* __wrap___imp_SysFreeString)(BSTR) = FreeCounted;
 namespace tev::fault {
 
 std::ptrdiff_t LiveBstrs() { return live; }
+
+std::ptrdiff_t LiveArrays() { return liveArrays; }
 
 void FailBstr(int n) { untilFailure = n; }
 

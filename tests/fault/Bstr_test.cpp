@@ -14,6 +14,7 @@ namespace {
 
 using TAMO::TEV::System::Util::TEVUtilWindows;
 using tev::fault::FailBstr;
+using tev::fault::LiveArrays;
 using tev::fault::LiveBstrs;
 
 // Calls `attempt` with the n-th allocation failing, n = 0, 1, 2 ... until it succeeds, and gives
@@ -23,11 +24,13 @@ int FailuresUntilSuccess(Attempt attempt, Check check) {
     constexpr int kTooMany = 100;
     for (int n = 0; n < kTooMany; ++n) {
         const auto before = LiveBstrs();
+        const auto arraysBefore = LiveArrays();
         FailBstr(n);
         const bool succeeded = attempt();
         FailBstr(-1);
         if (succeeded) return n;
         check(LiveBstrs() - before, n);
+        EXPECT_EQ(LiveArrays(), arraysBefore) << "after failure " << n;
     }
     return kTooMany;
 }

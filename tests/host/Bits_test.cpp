@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iostream>
 #include <limits>
 #include <random>
 #include <string>
@@ -67,6 +68,7 @@ TEST(UnsignedFromBytes, FirstByteIsTheMostSignificant) {
 }
 
 TEST(UnsignedFromBytes, RandomBytes) {
+    std::cout << "seed " << kSeed << "\n";
     std::mt19937 engine(kSeed);
     for (std::size_t size = 1; size <= kMaxBytes; ++size) {
         for (int i = 0; i < kBuffers; ++i) {
@@ -93,6 +95,7 @@ TEST(SignedFromBits, Limits) {
 }
 
 TEST(SignedFromBits, RandomBytesOfEveryWidthAndAlignment) {
+    std::cout << "seed " << kSeed << "\n";
     std::mt19937 engine(kSeed);
     for (std::size_t size = 1; size <= kMaxBytes; ++size) {
         for (std::size_t count = 1; count <= kBitsPerByte * size; ++count) {

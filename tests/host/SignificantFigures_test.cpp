@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iostream>
 #include <limits>
 #include <optional>
 #include <random>
@@ -142,6 +143,7 @@ TEST(RoundToFigures, ExactHalfGoesUpFromAKeptZero_Kept) { ExpectHalfGives('0', "
 
 TEST(RoundToFigures, RandomIntegersAgreeWithIntegerDivision) {
     constexpr int kNumbers = 20000;
+    std::cout << "seed " << kSeed << "\n";
     std::mt19937_64 engine(kSeed);
     for (int i = 0; i < kNumbers; ++i) {
         const auto size = 1 + engine() % 17;

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iostream>
 #include <random>
 #include <string>
 #include <string_view>
@@ -50,6 +51,7 @@ std::string Sum(std::string_view first, std::string_view second) {
         const bool added = TEVUtilString::AddTwoBinaryBitArrays(carry, left.data(), right.data(),
                                                                 sum.data(), left.size());
         EXPECT_TRUE(added || !carry) << "a refused call clears the carry";
+        EXPECT_TRUE(added || sum == std::string(sum.size(), '\0')) << "and the sum";
         answers[before] = added ? DigitsOf(sum) + (carry ? " 1" : " 0") : "(refused)";
     }
     EXPECT_EQ(answers[0], answers[1]) << first << " + " << second;
@@ -87,6 +89,7 @@ TEST(AddTwoBinaryBitArrays, EveryPairOfFourBits) {
 
 TEST(AddTwoBinaryBitArrays, RandomPairsOfEveryLengthUpTo63) {
     constexpr int kPairs = 100;
+    std::cout << "seed " << kSeed << "\n";
     std::mt19937_64 engine(kSeed);
     for (std::size_t length = 1; length <= 63; ++length) {
         const std::uint64_t end = std::uint64_t{1} << length;

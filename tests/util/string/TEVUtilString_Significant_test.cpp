@@ -227,9 +227,11 @@ TEST(SignificantFigures, RefusesWhatIsNotFinite) {
 }
 
 TEST(SignificantFigures, RefusesAMissingOutput) {
-    char* text = nullptr;
+    char held[] = "held";
+    char* text = held;
     EXPECT_FALSE(TEVUtilString::SignificantFigures(1.5, 0.1, nullptr, &text, false));
     EXPECT_EQ(text, nullptr);
+    text = held;
     EXPECT_FALSE(TEVUtilString::SignificantFigures(1.5, 0.1, &text, nullptr, false));
     EXPECT_EQ(text, nullptr);
     EXPECT_FALSE(TEVUtilString::SignificantFigures(1.5, 0.1, nullptr, nullptr, false));

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iostream>
 #include <limits>
 #include <random>
 #include <string>
@@ -98,6 +99,7 @@ TYPED_TEST(SwapOfElements, TwiceRestoresTheArray) {
 }
 
 TYPED_TEST(SwapOfElements, RandomBytes) {
+    std::cout << "seed " << kSeed << "\n";
     std::mt19937 engine(kSeed);
     std::string bytes(1000 * sizeof(TypeParam), '\0');
     for (char& byte : bytes) byte = static_cast<char>(engine() & 0xFF);

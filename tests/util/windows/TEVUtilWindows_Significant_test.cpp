@@ -105,11 +105,13 @@ TEST(SignificantFiguresWide, RefusalGivesNulls) {
 }
 
 TEST(SignificantFiguresWide, NullOutputsAreRefused) {
-    Bstr text;
-    EXPECT_FALSE(TEVUtilWindows::SignificantFigures(1, 0.1, nullptr, text.Out(), kScientific));
-    EXPECT_TRUE(text.IsNull());
-    EXPECT_FALSE(TEVUtilWindows::SignificantFigures(1, 0.1, text.Out(), nullptr, kScientific));
-    EXPECT_TRUE(text.IsNull());
+    wchar_t held[] = L"held";
+    wchar_t* text = held;
+    EXPECT_FALSE(TEVUtilWindows::SignificantFigures(1, 0.1, nullptr, &text, kScientific));
+    EXPECT_EQ(text, nullptr);
+    text = held;
+    EXPECT_FALSE(TEVUtilWindows::SignificantFigures(1, 0.1, &text, nullptr, kScientific));
+    EXPECT_EQ(text, nullptr);
     EXPECT_FALSE(TEVUtilWindows::SignificantFigures(1, 0.1, nullptr, nullptr, kScientific));
 }
 

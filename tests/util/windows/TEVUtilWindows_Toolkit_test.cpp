@@ -161,6 +161,13 @@ TEST_F(GetCurrentProcessKPTRootFolder, VariableThatCannotBeReadIsPassedOver_Kept
     EXPECT_EQ(Toolkit(), kit + "lib\\");
 }
 
+TEST_F(GetCurrentProcessKPTRootFolder, VariablesAreReadInTheCLocale) {
+    ASSERT_NE(SetEnvironmentVariableW(L"KPT_DATA_DIR", L"C:\\kit \u20ac\\data"), 0);
+    const std::string kit = MakeKit("Kit");
+    plugins_.Set(kit + "plugins");
+    EXPECT_EQ(Toolkit(), kit + "lib\\") << "the euro sign is in the code page, not in the locale";
+}
+
 TEST_F(GetCurrentProcessKPTRootFolder, MarkerMustBeAFolder_Kept) {
     folder_.MakeFolder("Kit");
     folder_.MakeFolder("Kit\\lib");

@@ -1,4 +1,4 @@
-// What the COM conversions do when the system has no memory for a BSTR.
+// What the COM conversions give back to the system, also when it has no memory for a BSTR.
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -8,7 +8,8 @@
 #include <map>
 #include <string>
 
-#include "fault/BstrCalls.h"
+#include "fault/ComCalls.h"
+#include "support/Owned.h"
 
 namespace {
 
@@ -16,6 +17,7 @@ using TAMO::TEV::System::Util::TEVUtilWindows;
 using tev::fault::FailBstr;
 using tev::fault::LiveArrays;
 using tev::fault::LiveBstrs;
+using tev::fault::TaskMemoryReleases;
 
 // Calls `attempt` with the n-th allocation failing, n = 0, 1, 2 ... until it succeeds, and gives
 // the number of failures. `check` is called after each failure.
@@ -112,6 +114,20 @@ TEST(WideSignificantFigures, FailureOfEitherTextLeavesNothing) {
                   },
                   ExpectNothingLeft),
               2);
+}
+
+TEST(TaskMemory, ThePathOfTheShellIsGivenBack) {
+    tev::test::Text folder;
+    const auto before = TaskMemoryReleases();
+    EXPECT_TRUE(TEVUtilWindows::GetCurrentUserHomeFolder(folder.Out()));
+    EXPECT_EQ(TaskMemoryReleases() - before, 1);
+}
+
+TEST(TaskMemory, TheTextOfAClassIdIsGivenBack) {
+    tev::test::Text text;
+    const auto before = TaskMemoryReleases();
+    EXPECT_TRUE(TEVUtilWindows::ConvertCLSIDToString(GUID{}, text.Out()));
+    EXPECT_EQ(TaskMemoryReleases() - before, 1);
 }
 
 }  // namespace

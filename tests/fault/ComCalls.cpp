@@ -1,4 +1,4 @@
-#include "fault/BstrCalls.h"
+#include "fault/ComCalls.h"
 
 #include <windows.h>
 // oleauto.h needs windows.h before it.
@@ -8,6 +8,7 @@ namespace {
 
 std::ptrdiff_t live = 0;
 std::ptrdiff_t liveArrays = 0;
+std::ptrdiff_t taskMemoryReleases = 0;
 int untilFailure = -1;
 
 }  // namespace
@@ -35,6 +36,15 @@ static HRESULT WINAPI DestroyCounted(SAFEARRAY* array) {
 SAFEARRAY*(WINAPI* __wrap___imp_SafeArrayCreate)(VARTYPE, UINT, SAFEARRAYBOUND*) = CreateCounted;
 HRESULT(WINAPI* __wrap___imp_SafeArrayDestroy)(SAFEARRAY*) = DestroyCounted;
 
+extern void(WINAPI* __real___imp_CoTaskMemFree)(void*);
+
+static void WINAPI FreeTaskMemoryCounted(void* memory) {
+    if (memory != nullptr) ++taskMemoryReleases;
+    __real___imp_CoTaskMemFree(memory);
+}
+
+void(WINAPI* __wrap___imp_CoTaskMemFree)(void*) = FreeTaskMemoryCounted;
+
 static BSTR WINAPI AllocateCounted(const OLECHAR* text) {
     if (untilFailure >= 0 && untilFailure-- == 0) return nullptr;
     BSTR made = __real___imp_SysAllocString(text);
@@ -54,6 +64,8 @@ void(WINAPI* __wrap___imp_SysFreeString)(BSTR) = FreeCounted;
 namespace tev::fault {
 
 std::ptrdiff_t LiveBstrs() { return live; }
+
+std::ptrdiff_t TaskMemoryReleases() { return taskMemoryReleases; }
 
 std::ptrdiff_t LiveArrays() { return liveArrays; }
 

@@ -14,6 +14,9 @@ std::ptrdiff_t LiveBstrs();
 // counted.
 std::ptrdiff_t LiveArrays();
 
+// How often the library has given task memory back.
+std::ptrdiff_t TaskMemoryReleases();
+
 // Lets the n-th SysAllocString from now on fail, counted from 0, and no other; negative lets none
 // fail.
 void FailBstr(int n);

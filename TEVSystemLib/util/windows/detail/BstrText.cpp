@@ -13,7 +13,10 @@ OwnedBstr ToBstr(std::string_view ansi) {
     return text;
 }
 
-std::string FromBstr(BSTR text) { return ToAnsi({text, SysStringLen(text)}).c_str(); }
+std::string FromBstr(BSTR text) {
+    const std::string narrow = ToAnsi({text, SysStringLen(text)});
+    return narrow.substr(0, narrow.find('\0'));
+}
 
 bool TakeText(BSTR element, OwnedText& copy) {
     if (SysStringLen(element) == 0) return true;

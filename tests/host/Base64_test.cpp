@@ -1,15 +1,18 @@
-#include "TEVSystemLib/util/string/detail/Base64.h"
-
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <limits>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "Base64Texts.h"
+
 namespace {
 
-using TAMO::TEV::System::Util::detail::Base64Decode;
-using TAMO::TEV::System::Util::detail::Base64Encode;
+using TAMO::TEV::System::Util::detail::Base64EncodedSize;
+using tev::test::Decoded;
+using tev::test::Encoded;
 using namespace std::string_view_literals;
 
 TEST(Base64Encode, GroupEdges) {
@@ -33,7 +36,7 @@ TEST(Base64Encode, GroupEdges) {
         {"\0\0\x40"sv, "AABA"},
         {"\0\0\x20"sv, "AAAg"},
     };
-    for (const auto& row : rows) EXPECT_EQ(Base64Encode(row.bytes), row.expected) << row.expected;
+    for (const auto& row : rows) EXPECT_EQ(Encoded(row.bytes), row.expected) << row.expected;
 }
 
 TEST(Base64Decode, GroupEdges) {
@@ -57,20 +60,20 @@ TEST(Base64Decode, GroupEdges) {
         {"AAAA", "\0\0\0"sv},
         {"////", "\xFF\xFF\xFF"},
     };
-    for (const auto& row : rows) EXPECT_EQ(Base64Decode(row.text), row.expected) << row.text;
+    for (const auto& row : rows) EXPECT_EQ(Decoded(row.text), row.expected) << row.text;
 }
 
 TEST(Base64Decode, NeighboursOfTheAlphabetEndTheInput) {
     for (const char c : {'*', ',', '-', '.', ':', '@', '[', '^', '_', '`', '{', '~', '\x7F', '\x80',
                          '\xC1', '\xFF'})
-        EXPECT_EQ(Base64Decode(std::string("Zm9v") + c + "YmFy"), "foo") << c;
+        EXPECT_EQ(Decoded(std::string("Zm9v") + c + "YmFy"), "foo") << c;
 }
 
 TEST(Base64Decode, EveryPairOfBytesComesBack) {
     for (int first = 0; first <= 255; ++first) {
         for (int second = 0; second <= 255; ++second) {
             const std::string bytes{static_cast<char>(first), static_cast<char>(second)};
-            ASSERT_EQ(Base64Decode(Base64Encode(bytes)), bytes) << first << ' ' << second;
+            ASSERT_EQ(Decoded(Encoded(bytes)), bytes) << first << ' ' << second;
         }
     }
 }
@@ -78,11 +81,18 @@ TEST(Base64Decode, EveryPairOfBytesComesBack) {
 TEST(Base64Decode, EveryLengthComesBack) {
     std::string bytes;
     for (std::size_t length = 0; length <= 100; ++length) {
-        const std::string encoded = Base64Encode(bytes);
+        const std::string encoded = Encoded(bytes);
         EXPECT_EQ(encoded.size(), (length + 2) / 3 * 4);
-        EXPECT_EQ(Base64Decode(encoded), bytes);
+        EXPECT_EQ(Decoded(encoded), bytes);
         bytes += static_cast<char>(length * 37);
     }
+}
+
+TEST(Base64EncodedSize, RefusesWhatNoBufferHolds) {
+    EXPECT_EQ(Base64EncodedSize(0), 0u);
+    EXPECT_EQ(Base64EncodedSize(1), 4u);
+    EXPECT_EQ(Base64EncodedSize(4), 8u);
+    EXPECT_THROW(Base64EncodedSize(std::numeric_limits<std::size_t>::max()), std::length_error);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@ using TAMO::TEV::System::Util::detail::Figures;
 using TAMO::TEV::System::Util::detail::FiguresWorthShowing;
 using TAMO::TEV::System::Util::detail::InExponentForm;
 using TAMO::TEV::System::Util::detail::RoundToFigures;
+using TAMO::TEV::System::Util::detail::SeparatorOrPoint;
 using TAMO::TEV::System::Util::detail::WithoutIdlePoint;
 
 constexpr unsigned kSeed = 20240612;
@@ -235,6 +236,13 @@ TEST(WithoutIdlePoint, Table) {
 TEST(WithoutIdlePoint, PointAfterAZeroStays_Kept) {
     for (const char* text : {"10.", "-10.", "120.", "1000.", "0."})
         EXPECT_EQ(WithoutIdlePoint(text), text);
+}
+
+TEST(SeparatorOrPoint, PointWhenTheLocaleHasNone) {
+    EXPECT_EQ(SeparatorOrPoint(nullptr), ".");
+    EXPECT_EQ(SeparatorOrPoint(""), ".");
+    EXPECT_EQ(SeparatorOrPoint(","), ",");
+    EXPECT_EQ(SeparatorOrPoint("::"), "::");
 }
 
 }  // namespace

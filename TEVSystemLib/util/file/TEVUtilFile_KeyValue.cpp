@@ -17,8 +17,9 @@ bool TEVUtilFile::GetKeyValuePairsFromFile(const std::string& fileName,
                                   blankSeparated ? detail::KeyValueSyntax::BlankSeparated
                                                  : detail::KeyValueSyntax::EqualSeparated);
     std::map<std::string, std::string> read;
+    // Files are often sorted: at the end there is nothing to search.
     while (const auto pair = parser.Next())
-        read.insert_or_assign(std::string(pair->key), std::string(pair->value));
+        read.insert_or_assign(read.end(), std::string(pair->key), std::string(pair->value));
     // From here on nothing fails: what the file does not name is moved over from `pairs`.
     read.merge(pairs);
     pairs.swap(read);

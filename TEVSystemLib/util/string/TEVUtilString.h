@@ -287,17 +287,17 @@ class TEVSYSTEMLIB_API TEVUtilString {
 
     // Measured values: texts of a value and its uncertainty, the uncertainty rounded to one
     // significant figure and the value to the same place, with one figure at least; A VALUE OF
-    // EXACTLY 1 GETS MORE. With `scientific` in exponent form, else fixed; a value of 0 is
+    // EXACTLY 1 OR -1 GETS MORE. With `scientific` in exponent form, else fixed; a value of 0 is
     // "0.e+00" or "0.0". The decimal separator is that of the C locale when the library was
     // loaded. False, with both null, for an uncertainty that is not above 0, infinite numbers,
     // and numbers other than a value of 0 that read 0 with 20 decimals; also for every number
-    // while the global C++ locale has another point or groups digits.
+    // while the global C++ locale has another point, and for those whose digits it groups.
     static bool SignificantFigures(double value, double uncertainty, char** valueText,
                                    char** uncertaintyText, bool scientific);
     // Where the significant figures of a number in fixed notation stand. Trailing zeros are
     // significant in a number with a point only. An integer of zeros is accepted with a count of 0.
-    // A text with blanks or an exponent, a bare sign and zeros with a point are refused with false
-    // and -1.
+    // Digits are those of ASCII. A text with blanks or an exponent, a bare sign and zeros with a
+    // point are refused with false and -1.
     static bool GetSignificantFiguresInfo(const char* const text, bool& hasDigits, bool& hasPoint,
                                           int& first, int& last, int& point, int& count);
     // A value above 0 rounded to at least one significant figure, always with its point, which

@@ -50,7 +50,7 @@ bool GrowByCopies(char**& array, std::size_t& count, const std::vector<char*>& e
 
 bool TEVUtilString::AddEntryToStringArray(char**& array, const char* const entry,
                                           std::size_t& count, bool append) try {
-    if (!IsConsistent(array, count) || detail::OrEmpty(entry).empty()) return false;
+    if (!IsConsistent(array, count) || detail::IsNullOrEmpty(entry)) return false;
     detail::OwnedText copy = detail::MakeText(std::string_view(entry));
     char** grown = nullptr;
     TEVUtilMemory::AllocateCStringArray(grown, count + 1);

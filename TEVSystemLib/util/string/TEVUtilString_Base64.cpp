@@ -10,19 +10,24 @@ bool TEVUtilString::Base64Encode(const unsigned char* data, std::size_t size, ch
     if (data == nullptr || size == 0 || encoded == nullptr) return false;
     *encoded = nullptr;
     const auto* bytes = reinterpret_cast<const char*>(data);
-    return detail::HandOut(detail::Base64Encode({bytes, size}), encoded);
+    detail::OwnedText text = detail::MakeUnfilledText(detail::Base64EncodedSize(size));
+    detail::Base64Encode({bytes, size}, text.get());
+    *encoded = text.release();
+    return true;
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::Base64Decode(const char* const encoded, char** decoded,
                                  std::size_t& length) try {
-    if (detail::OrEmpty(encoded).empty() || decoded == nullptr) return false;
+    const std::string_view text = detail::OrEmpty(encoded);
+    if (text.empty() || decoded == nullptr) return false;
     *decoded = nullptr;
     length = 0;
-    const std::string bytes = detail::Base64Decode(encoded);
-    detail::HandOut(bytes, decoded);
-    length = bytes.size();
+    detail::OwnedText bytes = detail::MakeUnfilledText(detail::Base64DecodedCapacity(text.size()));
+    length = detail::Base64Decode(text, bytes.get());
+    bytes[length] = '\0';
+    *decoded = bytes.release();
     return true;
 } catch (...) {
     return false;

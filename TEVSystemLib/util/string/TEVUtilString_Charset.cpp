@@ -9,6 +9,7 @@
 #include "TEVSystemLib/util/string/detail/Errors.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
 #include "TEVSystemLib/util/string/detail/LocaleText.h"
+#include "TEVSystemLib/util/string/detail/Utf8.h"
 
 namespace TAMO::TEV::System::Util {
 
@@ -23,10 +24,25 @@ void Reset(Char** text, std::size_t* length) {
 }
 
 template <typename Owned, typename Char>
-bool Commit(Owned& made, int size, Char** text, std::size_t* length) {
+bool Commit(Owned& made, std::size_t size, Char** text, std::size_t* length) {
     *text = made.release();
-    if (length != nullptr) *length = static_cast<std::size_t>(size);
+    if (length != nullptr) *length = size;
     return true;
+}
+
+// Text that is valid from end to end has one conversion only; what the system makes of any other
+// is its own affair.
+bool WidenValid(std::string_view text, wchar_t** wide, std::size_t* wideLength) {
+    const std::size_t size = detail::Utf16Size(text);
+    detail::OwnedWideText converted = detail::MakeUnfilledWideText(size);
+    return detail::WidenUtf8(text, converted.get()) && Commit(converted, size, wide, wideLength);
+}
+
+bool NarrowValid(std::wstring_view wide, char** text, std::size_t* textLength) {
+    const std::size_t size = detail::Utf8Size(wide);
+    if (size >= kMaxCount) return false;
+    detail::OwnedText converted = detail::MakeUnfilledText(size);
+    return detail::NarrowUtf16(wide, converted.get()) && Commit(converted, size, text, textLength);
 }
 
 }  // namespace
@@ -62,11 +78,13 @@ bool TEVUtilString::ConvertFromMultiByteCharToWChar(const char* const text, std:
     if (text == nullptr || textLength == 0 || wide == nullptr ||
         count == std::numeric_limits<int>::max())
         return false;
+    if (count > 0 && WidenValid({text, static_cast<std::size_t>(count)}, wide, wideLength))
+        return true;
     const int size = MultiByteToWideChar(CP_UTF8, 0, text, count, nullptr, 0);
     if (size <= 0) return false;
     detail::OwnedWideText converted = detail::MakeWideText(static_cast<std::size_t>(size));
     return MultiByteToWideChar(CP_UTF8, 0, text, count, converted.get(), size) == size &&
-           Commit(converted, size, wide, wideLength);
+           Commit(converted, static_cast<std::size_t>(size), wide, wideLength);
 } catch (...) {
     return false;
 }
@@ -79,12 +97,13 @@ bool TEVUtilString::ConvertFromWCharToMultiByteChar(char** text, const wchar_t* 
     if (wide == nullptr || wideLength == 0 || wideLength >= kMaxCount || text == nullptr)
         return false;
     const auto count = static_cast<int>(wideLength);
+    if (NarrowValid({wide, wideLength}, text, textLength)) return true;
     const int size = WideCharToMultiByte(CP_UTF8, 0, wide, count, nullptr, 0, nullptr, nullptr);
     if (size < count) return false;
     detail::OwnedText converted = detail::MakeText(static_cast<std::size_t>(size));
     return WideCharToMultiByte(CP_UTF8, 0, wide, count, converted.get(), size, nullptr, nullptr) ==
                size &&
-           Commit(converted, size, text, textLength);
+           Commit(converted, static_cast<std::size_t>(size), text, textLength);
 } catch (...) {
     return false;
 }

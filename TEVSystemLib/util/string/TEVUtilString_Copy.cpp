@@ -74,7 +74,7 @@ bool TEVUtilString::Copy(const char* const source, char** copy, std::size_t* len
     *copy = nullptr;
     if (source == nullptr) return false;
     // KEEP: a given length is trusted, whatever ends the text before it.
-    const std::size_t count = IsGiven(length) ? *length : std::strlen(source);
+    const std::size_t count = IsGiven(length) ? *length : detail::ViewOf(source).size();
     return detail::HandOutUnlessEmpty({source, count}, copy);
 } catch (...) {
     return false;

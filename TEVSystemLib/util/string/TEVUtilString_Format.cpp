@@ -1,8 +1,12 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <limits>
+#include <locale>
 #include <sstream>
+#include <type_traits>
 
 #include "TEVSystemLib/util/string/detail/HandOut.h"
 #include "TEVSystemLib/util/string/detail/Padding.h"
@@ -19,7 +23,7 @@ constexpr int kDefaultPrecision = 20;
 constexpr std::uint64_t kMaxPrecision = 1100;
 
 template <typename T>
-std::string Format(T value, Flags flags, std::uint64_t precision = 0) {
+std::string FormatByStream(T value, Flags flags, std::uint64_t precision = 0) {
     std::ostringstream stream;
     stream.exceptions(std::ios::badbit | std::ios::failbit);
     stream.setf(flags);
@@ -28,15 +32,53 @@ std::string Format(T value, Flags flags, std::uint64_t precision = 0) {
     return stream.str();
 }
 
+// Streams then write numbers as to_chars does.
+bool IsClassicLocale() { return std::locale() == std::locale::classic(); }
+
+std::string WithSign(bool isPlusShown, const char* first, const char* last) {
+    std::string text;
+    text.reserve(static_cast<std::size_t>(last - first) + 1);
+    if (isPlusShown) text += '+';
+    return text.append(first, last);
+}
+
+template <typename T>
+std::string FormatInteger(T value, bool showPlus) {
+    const Flags flags = showPlus ? std::ios::showpos : kNoFlags;
+    if (!IsClassicLocale()) return FormatByStream(value, flags);
+    constexpr std::size_t kMaxCharacters = 20;
+    char text[kMaxCharacters];
+    const char* end = std::to_chars(text, text + kMaxCharacters, value).ptr;
+    const bool hasSign = std::is_signed_v<T> && showPlus && value >= 0;
+    return WithSign(hasSign, text, end);
+}
+
 // Streams format on the stack, which a large precision would overrun.
-std::string FormatDouble(double value, Flags flags, std::uint64_t precision) {
-    std::string text = Format(value, flags, std::min(precision, kMaxPrecision));
+std::string FormatDoubleByStream(double value, Flags flags, std::uint64_t precision) {
+    std::string text = FormatByStream(value, flags, std::min(precision, kMaxPrecision));
     if (precision > kMaxPrecision && std::isfinite(value))
         text.insert(std::min(text.find('e'), text.size()), precision - kMaxPrecision, '0');
     return text;
 }
 
-Flags ShowPlusIf(bool on) { return on ? std::ios::showpos : kNoFlags; }
+std::string FormatDouble(double value, Flags flags, std::uint64_t precision) {
+    constexpr std::uint64_t kMaxFastPrecision = 64;
+    // The sign, all digits of the largest number, the point and the decimals.
+    constexpr std::size_t kMaxCharacters =
+        std::numeric_limits<double>::max_exponent10 + 4 + kMaxFastPrecision;
+    if (precision > kMaxFastPrecision || !std::isfinite(value) || !IsClassicLocale())
+        return FormatDoubleByStream(value, flags, precision);
+    const bool isScientific = (flags & std::ios::scientific) != 0;
+    char text[kMaxCharacters];
+    char* end =
+        std::to_chars(text, text + kMaxCharacters - 1, value,
+                      isScientific ? std::chars_format::scientific : std::chars_format::fixed,
+                      static_cast<int>(precision))
+            .ptr;
+    if (precision == 0 && (flags & std::ios::showpoint) != 0) *end++ = '.';
+    const bool hasSign = (flags & std::ios::showpos) != 0 && !std::signbit(value);
+    return WithSign(hasSign, text, end);
+}
 
 // KEEP: filled with blanks on the left, a number never shows a plus sign.
 bool ShowsPlus(char justification, bool showPlus, bool zeroFill) {
@@ -53,15 +95,15 @@ template <typename T>
 std::string Justify(char justification, T value, std::uint64_t width, bool showPlus,
                     bool zeroFill) try {
     if (width < (showPlus ? 2U : 1U)) return {};
-    const Flags flags = ShowPlusIf(ShowsPlus(justification, showPlus, zeroFill));
-    return detail::Pad(Format(value, flags), width, FillOf(justification, zeroFill));
+    const bool showsPlus = ShowsPlus(justification, showPlus, zeroFill);
+    return detail::Pad(FormatInteger(value, showsPlus), width, FillOf(justification, zeroFill));
 } catch (...) {
     return {};
 }
 
 template <typename T>
 std::string Plain(T value) try {
-    return Format(value, kNoFlags);
+    return FormatInteger(value, false);
 } catch (...) {
     return {};
 }
@@ -103,8 +145,9 @@ std::string TEVUtilString::ToString(char justification, double value, std::uint6
                                     std::uint64_t precision, bool showPlus, bool zeroFill) try {
     const std::uint64_t besidesDigits = showPlus ? 2 : 1;
     if (width <= precision || width - precision <= besidesDigits) return {};
-    const Flags flags = std::ios::fixed | std::ios::showpoint |
-                        ShowPlusIf(ShowsPlus(justification, showPlus, zeroFill));
+    const Flags flags =
+        std::ios::fixed | std::ios::showpoint |
+        (ShowsPlus(justification, showPlus, zeroFill) ? std::ios::showpos : kNoFlags);
     return detail::Pad(FormatDouble(value, flags, precision), width,
                        FillOf(justification, zeroFill));
 } catch (...) {

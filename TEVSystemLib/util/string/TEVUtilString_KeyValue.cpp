@@ -58,7 +58,7 @@ void TEVUtilString::GetValueFromKeyValuePair(const char* const pair, char** valu
 // KEEP: the delimiters come before the text.
 bool TEVUtilString::Tokenize(const char* const delimiters, const char* const text, char**& tokens,
                              std::size_t& count) try {
-    if (detail::OrEmpty(delimiters).empty() || detail::OrEmpty(text).empty()) return false;
+    if (detail::IsNullOrEmpty(delimiters) || detail::IsNullOrEmpty(text)) return false;
     const auto found = detail::Tokens(delimiters, text);
     count = 0;
     tokens = nullptr;

@@ -43,7 +43,7 @@ void TEVUtilString::GetMsgsMap(MessageMap** map) try {
 
 bool TEVUtilString::AddMessage(const char* const message, TEVSysCnst::MsgLevel level,
                                MessageMap& messages) try {
-    if (detail::OrEmpty(message).empty() || !IsLevel(level)) return false;
+    if (detail::IsNullOrEmpty(message) || !IsLevel(level)) return false;
     detail::OwnedText copy = detail::MakeText(std::string_view(message));
     const auto found = messages.find(level);
     if (found != messages.end() && found->second != nullptr) {

@@ -1,7 +1,9 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 
+#include <clocale>
 #include <cmath>
 #include <cstdio>
+#include <locale>
 #include <sstream>
 #include <string_view>
 
@@ -12,32 +14,46 @@ namespace TAMO::TEV::System::Util {
 
 namespace {
 
-std::string Prepared(const char* text) {
-    return std::string(detail::TrimIfSpaced(detail::OrEmpty(text)));
-}
+std::string_view Prepared(const char* text) { return detail::TrimIfSpaced(detail::OrEmpty(text)); }
 
 // KEEP: values outside 32 bits are the C runtime's affair, and a fraction ends the scan.
-bool ScanInt(const std::string& text, int& value) {
-    return sscanf_s(text.c_str(), "%d", &value) == 1;
+bool ScanInt(std::string_view text, int& value) {
+    if (detail::ReadLeadingInteger(text, value)) return true;
+    return sscanf_s(std::string(text).c_str(), "%d", &value) == 1;
 }
 
 // KEEP: the stream's verdict is not asked; a bare sign and an overflow count as converted.
 template <typename T>
-bool Extract(const std::string& text, T& value) {
-    std::istringstream(text) >> value;
+bool Extract(std::string_view text, T& value) {
+    const bool isClassic = std::locale() == std::locale::classic();
+    if (!isClassic || !detail::ReadLeadingInteger(text, value))
+        std::istringstream(std::string(text)) >> value;
     return true;
 }
 
-// Converts a text that `isValid` accepts; one without a digit before its point is 0.
+bool HasPoint() {
+    const char* point = std::localeconv()->decimal_point;
+    return point[0] == '.' && point[1] == '\0';
+}
+
+bool ScanReal(std::string_view text, double& value) {
+    if (HasPoint() && detail::ReadReal(text, value)) return true;
+    return sscanf_s(std::string(text).c_str(), "%lf", &value) == 1;
+}
+
+// Converts a text of digits; one without a digit before its point is 0.
 template <typename T, typename Convert>
-bool ParseInteger(const char* text, T& value, bool (*isValid)(bool&, const std::string&),
-                  Convert convert) {
-    const std::string prepared = Prepared(text);
-    bool isZero = false;
-    if (!isValid(isZero, prepared)) return false;
-    if (!isZero) return convert(prepared, value);
-    value = 0;
-    return true;
+bool ParseInteger(const char* text, T& value, detail::Sign sign, Convert convert) {
+    const std::string_view prepared = Prepared(text);
+    switch (detail::ClassifyInteger(prepared, sign)) {
+        case detail::IntegerText::Invalid:
+            return false;
+        case detail::IntegerText::Zero:
+            value = 0;
+            return true;
+        default:
+            return convert(prepared, value);
+    }
 }
 
 }  // namespace
@@ -55,7 +71,7 @@ bool TEVUtilString::IsValidUnsignedInteger(bool& isZero, const std::string& text
 }
 
 bool TEVUtilString::ToBool(const char* const text, bool& value) {
-    const std::string_view word = detail::TrimIfSpaced(detail::OrEmpty(text));
+    const std::string_view word = Prepared(text);
     const bool isTrue = detail::EqualsIgnoringCase(word, "true");
     if (!isTrue && !detail::EqualsIgnoringCase(word, "false")) return false;
     value = isTrue;
@@ -63,14 +79,14 @@ bool TEVUtilString::ToBool(const char* const text, bool& value) {
 }
 
 bool TEVUtilString::ToInteger(const char* const text, int& value) try {
-    return ParseInteger(text, value, IsValidSignedInteger, ScanInt);
+    return ParseInteger(text, value, detail::Sign::PlusOrMinus, ScanInt);
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::ToLong(const char* const text, long& value) try {
     int scanned = 0;
-    if (!ParseInteger(text, scanned, IsValidSignedInteger, ScanInt)) return false;
+    if (!ParseInteger(text, scanned, detail::Sign::PlusOrMinus, ScanInt)) return false;
     value = scanned;
     return true;
 } catch (...) {
@@ -80,7 +96,7 @@ bool TEVUtilString::ToLong(const char* const text, long& value) try {
 bool TEVUtilString::ToUnsignedInt(const char* const text, unsigned int& value) try {
     // KEEP: scanned as a signed number, so nothing above its limit comes out.
     int scanned = -1;
-    if (!ParseInteger(text, scanned, IsValidUnsignedInteger, ScanInt) || scanned < 0) return false;
+    if (!ParseInteger(text, scanned, detail::Sign::PlusOnly, ScanInt) || scanned < 0) return false;
     value = static_cast<unsigned int>(scanned);
     return true;
 } catch (...) {
@@ -88,22 +104,21 @@ bool TEVUtilString::ToUnsignedInt(const char* const text, unsigned int& value) t
 }
 
 bool TEVUtilString::ToInt64(const char* const text, std::int64_t& value) try {
-    return ParseInteger(text, value, IsValidSignedInteger, Extract<std::int64_t>);
+    return ParseInteger(text, value, detail::Sign::PlusOrMinus, Extract<std::int64_t>);
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::ToUInt64(const char* const text, std::uint64_t& value) try {
-    return ParseInteger(text, value, IsValidUnsignedInteger, Extract<std::uint64_t>);
+    return ParseInteger(text, value, detail::Sign::PlusOnly, Extract<std::uint64_t>);
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::ToDouble(const char* const text, double& value) try {
-    const std::string prepared = Prepared(text);
+    const std::string_view prepared = Prepared(text);
     // KEEP: an overflow is refused with infinity already in the output.
-    return detail::MayBeReal(prepared) && sscanf_s(prepared.c_str(), "%lf", &value) == 1 &&
-           !std::isinf(value);
+    return detail::MayBeReal(prepared) && ScanReal(prepared, value) && !std::isinf(value);
 } catch (...) {
     return false;
 }

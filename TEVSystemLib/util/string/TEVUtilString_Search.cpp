@@ -16,7 +16,7 @@ int ToPosition(std::size_t found) {
 
 // KEEP: each function has its own wording of the refusal; hosts know them apart by it.
 void RequireTexts(const char* first, const char* second, const char* message) {
-    if (detail::OrEmpty(first).empty() || detail::OrEmpty(second).empty())
+    if (detail::IsNullOrEmpty(first) || detail::IsNullOrEmpty(second))
         detail::ThrowInvalidArgument(message);
 }
 
@@ -37,7 +37,9 @@ int TEVUtilString::Compare(const char* const first, const char* const second) {
 int TEVUtilString::Compare(bool ignoreCase, const char* const first, const char* const second) {
     if (first == nullptr || second == nullptr)
         return static_cast<int>(first != nullptr) - static_cast<int>(second != nullptr);
-    return ignoreCase ? detail::CompareIgnoringCase(first, second) : detail::Compare(first, second);
+    const std::string_view a = detail::ViewOf(first);
+    const std::string_view b = detail::ViewOf(second);
+    return ignoreCase ? detail::CompareIgnoringCase(a, b) : detail::Compare(a, b);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): by value is the interface.
@@ -48,23 +50,23 @@ int TEVUtilString::Compare(bool ignoreCase, std::string first, std::string secon
 
 int TEVUtilString::Find(const char* const text, const char* const sub) {
     RequireTexts(text, sub, "Input arguments cannot be NULL or empty strings.");
-    return ToPosition(std::string_view(text).find(sub));
+    return ToPosition(detail::Find(detail::ViewOf(text), detail::ViewOf(sub)));
 }
 
 // KEEP: a search for any of a set of characters, unlike Find's for a text.
 int TEVUtilString::IndexOf(const char* const text, const char* const chars) {
     RequireTexts(text, chars, "Input arguments cannot be a nullptr or an empty string.");
-    return ToPosition(std::string_view(text).find_first_of(chars));
+    return ToPosition(detail::ViewOf(text).find_first_of(chars));
 }
 
 int TEVUtilString::LastIndexOf(const char* const text, const char* const chars) {
     RequireTexts(text, chars, "Input arguments cannot be a nullptr or empty strings.");
-    return ToPosition(std::string_view(text).find_last_of(chars));
+    return ToPosition(detail::ViewOf(text).find_last_of(chars));
 }
 
 bool TEVUtilString::Contains(const char* const text, const char* const sub) {
     RequireNoNull(text, sub, "Input arguments cannot be a nullptr.");
-    return std::string_view(text).find(sub) != std::string_view::npos;
+    return detail::Find(detail::ViewOf(text), detail::ViewOf(sub)) != std::string_view::npos;
 }
 
 std::size_t TEVUtilString::CharacterCount(char character, const char* const text) {
@@ -90,7 +92,7 @@ bool TEVUtilString::StartWith(bool ignoreCase, const char* const prefix, const c
     RequireNoNull(prefix, text, "Input arguments cannot be NULL.");
     const std::string_view pattern = prefix;
     return !pattern.empty() &&
-           Equals(ignoreCase, pattern, std::string_view(text).substr(0, pattern.size()));
+           Equals(ignoreCase, pattern, detail::ViewOf(text).substr(0, pattern.size()));
 }
 
 bool TEVUtilString::EndWith(const char* const suffix, const char* const text) {
@@ -100,7 +102,7 @@ bool TEVUtilString::EndWith(const char* const suffix, const char* const text) {
 bool TEVUtilString::EndWith(bool ignoreCase, const char* const suffix, const char* const text) {
     RequireNoNull(suffix, text, "Input arguments cannot be a nullptr.");
     const std::string_view pattern = suffix;
-    const std::string_view examined = text;
+    const std::string_view examined = detail::ViewOf(text);
     return !pattern.empty() && examined.size() >= pattern.size() &&
            Equals(ignoreCase, pattern, examined.substr(examined.size() - pattern.size()));
 }

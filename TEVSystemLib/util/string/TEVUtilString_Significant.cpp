@@ -14,13 +14,8 @@ namespace {
 
 constexpr int kDecimals = 20;
 
-std::string ReadDecimalSeparator() {
-    const std::string_view separator = detail::OrEmpty(std::localeconv()->decimal_point);
-    return std::string(separator.empty() ? "." : separator);
-}
-
 // That of the C locale when the library is loaded.
-const std::string decimalSeparator = ReadDecimalSeparator();
+const std::string decimalSeparator = detail::SeparatorOrPoint(std::localeconv()->decimal_point);
 
 std::string Fixed(double value) {
     return TEVUtilString::ToString(std::fabs(value), false, kDecimals);

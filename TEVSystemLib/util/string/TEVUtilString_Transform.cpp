@@ -5,6 +5,7 @@
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/Errors.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/Replacement.h"
 
 namespace TAMO::TEV::System::Util {
 
@@ -12,30 +13,30 @@ namespace {
 
 std::string_view Require(const char* text) {
     if (text == nullptr) detail::ThrowInvalidArgument("Input argument cannot be a nullptr.");
+    return detail::ViewOf(text);
+}
+
+std::string Replaced(const detail::Replacement& replacement) {
+    std::string text(replacement.Size(), '\0');
+    replacement.Write(text.data());
     return text;
 }
 
 // KEEP: the order is input, replacement, pattern.
-std::string ReplaceAll(std::string_view input, std::string_view replacement,
-                       std::string_view pattern) {
-    if (pattern.empty()) return std::string(input);
-    std::string replaced;
-    for (;;) {
-        const std::size_t found = input.find(pattern);
-        if (found == std::string_view::npos) return replaced.append(input);
-        replaced.append(input.substr(0, found)).append(replacement);
-        input.remove_prefix(found + pattern.size());
-    }
+detail::Replacement ReplacementOf(const char* input, const char* replacement, const char* pattern) {
+    if (input == nullptr)
+        detail::ThrowInvalidArgument("Argument \"aInputStr\" cannot be a nullptr.");
+    return {detail::ViewOf(input), detail::OrEmpty(replacement), detail::OrEmpty(pattern)};
 }
 
-void HandOutMapped(const char* text, char** out, char (*map)(char)) {
+void HandOutMapped(const char* text, char** out, void (*map)(std::string_view, char*)) {
     if (out != nullptr) *out = nullptr;
     // KEEP: an empty text is refused here, with the message for a null one, and that in the plural.
-    if (out == nullptr || detail::OrEmpty(text).empty())
+    if (out == nullptr || detail::IsNullOrEmpty(text))
         detail::ThrowInvalidArgument("Input arguments cannot be a nullptr.");
-    const std::string_view source = text;
-    detail::OwnedText mapped = detail::MakeText(source.size());
-    for (std::size_t i = 0; i < source.size(); ++i) mapped[i] = map(source[i]);
+    const std::string_view source = detail::ViewOf(text);
+    detail::OwnedText mapped = detail::MakeUnfilledText(source.size());
+    map(source, mapped.get());
     *out = mapped.release();
 }
 
@@ -70,16 +71,14 @@ void TEVUtilString::Concat(const char* const first, const char* const second, ch
 
 std::string TEVUtilString::Replace(const std::string& aInputStr, const std::string& replacement,
                                    const std::string& pattern) try {
-    return ReplaceAll(aInputStr, replacement, pattern);
+    return Replaced({aInputStr, replacement, pattern});
 } catch (...) {
     detail::RethrowTranslated();
 }
 
 std::string TEVUtilString::Replace(const char* const aInputStr, const char* const replacement,
                                    const char* const pattern) try {
-    if (aInputStr == nullptr)
-        detail::ThrowInvalidArgument("Argument \"aInputStr\" cannot be a nullptr.");
-    return ReplaceAll(aInputStr, detail::OrEmpty(replacement), detail::OrEmpty(pattern));
+    return Replaced(ReplacementOf(aInputStr, replacement, pattern));
 } catch (...) {
     detail::RethrowTranslated();
 }
@@ -88,7 +87,10 @@ void TEVUtilString::Replace(const char* const aInputStr, const char* const repla
                             const char* const pattern, char** out) try {
     if (out == nullptr) return;
     *out = nullptr;
-    detail::HandOut(Replace(aInputStr, replacement, pattern), out);
+    const detail::Replacement replaced = ReplacementOf(aInputStr, replacement, pattern);
+    detail::OwnedText text = detail::MakeUnfilledText(replaced.Size());
+    replaced.Write(text.get());
+    *out = text.release();
 } catch (...) {
     detail::RethrowTranslated();
 }
@@ -106,7 +108,7 @@ std::string TEVUtilString::ToLower(const char* const text) try {
 }
 
 void TEVUtilString::ToLower(const char* const text, char** out) try {
-    HandOutMapped(text, out, [](char c) { return detail::ToLower(c); });
+    HandOutMapped(text, out, detail::ToLower);
 } catch (...) {
     detail::RethrowTranslated();
 }
@@ -124,7 +126,7 @@ std::string TEVUtilString::ToUpper(const char* const text) try {
 }
 
 void TEVUtilString::ToUpper(const char* const text, char** out) try {
-    HandOutMapped(text, out, [](char c) { return detail::ToUpper(c); });
+    HandOutMapped(text, out, detail::ToUpper);
 } catch (...) {
     detail::RethrowTranslated();
 }

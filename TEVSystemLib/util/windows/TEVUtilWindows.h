@@ -110,14 +110,14 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // with DestroySafeArray, or by VariantClear of the variant that holds it. Outputs are reset to
     // null, 0 or VT_EMPTY first, without releasing what they held; a null output gives false.
     // Variants must have exactly the type named: references (VT_BYREF) are refused. Texts end at a
-    // NUL character.
+    // NUL character and are taken as they are; `firstKey` alone is trimmed.
 
     // -1, 0 or 1 in the order of the invariant locale. Throws std::runtime_error "BSTR comparison
     // operation failed.", also for a null text.
     static int CompareBSTR(bool ignoreCase, wchar_t* const& first, wchar_t* const& second);
     static bool CopyBSTR(wchar_t* source, wchar_t** copy);
     static void FreeBSTR(wchar_t** text);
-    // In characters; 0 for null.
+    // In characters, those behind a NUL too; 0 for null.
     static std::uint64_t GetBSTRLength(wchar_t* const& text);
     // A new C string, released with DeleteCharBuffer; a null or empty text gives false.
     static bool FromBSTRToMultibyteChar(wchar_t* const& text, char** out);
@@ -159,7 +159,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ExtractIntArrayFromVARIANT(int** out, std::uint64_t& count, tagVARIANT* variant);
     // A null string is sent as an empty one.
     static bool SetStringArrayVARIANT(char const**& strings, std::uint64_t count, tagVARIANT* out);
-    // A null or empty element gives a null slot. `count` keeps the number of elements when a later
+    // A null or empty element gives a null slot, one that begins with a NUL fails the call. `count`
+    // keeps the number of elements when a later
     // step fails.
     static bool ExtractStringArrayFromVariant(char**& out, std::uint64_t& count,
                                               tagVARIANT* variant);
@@ -172,12 +173,13 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool CreateKeyValueDataVariant(std::map<std::string, char*> const* data, tagVARIANT* out,
                                           char const* firstKey, char const* firstValue);
     // Empties `out` without releasing its strings. The first of equal keys wins; entries
-    // without a key are passed over, an empty value is null, one that cannot be read fails the
+    // without a key are passed over, an empty value is null, one that begins with a NUL fails the
     // call. On failure what was read is released and `out` is empty. The caller releases each
     // value with DeleteCharBuffer.
     static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
                                                std::map<std::string, char*>& out);
 
+    // Release: null is accepted, the caller's pointer becomes null; also by FreeBSTR.
     static void DeleteCharBuffer(char** buffer);
     static void DeleteDoubleBuffer(double** buffer);
     static void DeleteIntBuffer(int** buffer);

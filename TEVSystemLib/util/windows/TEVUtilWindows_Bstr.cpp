@@ -53,7 +53,7 @@ bool TEVUtilWindows::FromBSTRToMultibyteChar(wchar_t* const& text, char** out) t
 bool TEVUtilWindows::FromMultibyteCharToBSTR(char const* text, wchar_t** out) try {
     if (out == nullptr) return false;
     *out = nullptr;
-    if (detail::OrEmpty(text).empty()) return false;
+    if (detail::IsNullOrEmpty(text)) return false;
     *out = detail::ToBstr(text).release();
     return true;
 } catch (const std::bad_alloc&) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "support/GlobalLocale.h"
 #include "support/Owned.h"
 
 using TAMO::TEV::System::Util::TEVUtilString;
@@ -255,19 +256,6 @@ class ThrowingNumbers : public std::num_put<char> {
     }
 };
 
-// Makes it the global locale until the end of the scope.
-class ThrowingLocale {
- public:
-    ThrowingLocale()
-        : before_(std::locale::global(std::locale(std::locale(), new ThrowingNumbers))) {}
-    ~ThrowingLocale() { std::locale::global(before_); }
-    ThrowingLocale(const ThrowingLocale&) = delete;
-    ThrowingLocale& operator=(const ThrowingLocale&) = delete;
-
- private:
-    std::locale before_;
-};
-
 // Every overload's text; that of the output form in `out`.
 std::vector<std::string> EveryText(char** out, bool& isDone) {
     constexpr std::uint64_t kWidth = 4;
@@ -304,7 +292,7 @@ TEST(ToString, FailureOfTheStreamGivesNothing) {
     char* out = held;
     std::vector<std::string> refused;
     {
-        const ThrowingLocale locale;
+        const tev::test::GlobalLocale locale(new ThrowingNumbers);
         refused = EveryText(&out, isDone);
     }
     EXPECT_EQ(refused, std::vector<std::string>(written.size()));

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+#include "support/GlobalLocale.h"
 #include "support/Owned.h"
 #include "util/string/OutputPointer.h"
 
@@ -278,6 +279,38 @@ TEST(SignificantFigures, TextsMayBeReleasedAsArrays) {
     TEVUtilMemory::DeallocateCharArray(&uncertainty);
     EXPECT_EQ(value, nullptr);
     EXPECT_EQ(uncertainty, nullptr);
+}
+
+TEST(SignificantFigures, RefusesEveryNumberUnderAnotherDecimalPoint) {
+    const tev::test::GlobalLocale locale(new tev::test::Punctuation(','));
+    for (const double value : {123.456, 0.0}) {
+        SCOPED_TRACE(value);
+        char held[] = "held";
+        char* valueText = held;
+        char* uncertaintyText = held;
+        EXPECT_FALSE(
+            TEVUtilString::SignificantFigures(value, 0.02, &valueText, &uncertaintyText, false));
+        EXPECT_EQ(valueText, nullptr);
+        EXPECT_EQ(uncertaintyText, nullptr);
+    }
+    char held[] = "held";
+    char* text = held;
+    EXPECT_FALSE(TEVUtilString::TruncateUncertaintyValue(0.02, &text, false, 1));
+    EXPECT_EQ(text, nullptr);
+}
+
+TEST(SignificantFigures, RefusesNumbersWhoseDigitsAreGrouped) {
+    const tev::test::GlobalLocale locale(new tev::test::Punctuation('.', "\3"));
+    Text valueText;
+    Text uncertaintyText;
+    EXPECT_TRUE(
+        TEVUtilString::SignificantFigures(5, 0.1, valueText.Out(), uncertaintyText.Out(), false));
+    EXPECT_EQ(valueText.str(), "5.0");
+    EXPECT_EQ(uncertaintyText.str(), "0.1");
+    Text refused;
+    EXPECT_FALSE(
+        TEVUtilString::SignificantFigures(1234, 1, refused.Out(), uncertaintyText.Out(), false));
+    EXPECT_TRUE(refused.IsNull());
 }
 
 }  // namespace

@@ -171,4 +171,32 @@ TEST(GetGUID, NullOutputIsRefused) {
     EXPECT_FALSE(TEVUtilWindows::GetGUID(static_cast<char**>(nullptr)));
 }
 
+// A program name that the system knows, as long as this lives.
+class RegisteredProgram {
+ public:
+    RegisteredProgram() {
+        EXPECT_EQ(
+            RegSetKeyValueW(HKEY_CURRENT_USER, kClass, nullptr, REG_SZ, kClsid, sizeof(kClsid)),
+            ERROR_SUCCESS);
+    }
+    ~RegisteredProgram() { RegDeleteTreeW(HKEY_CURRENT_USER, kProgram); }
+    RegisteredProgram(const RegisteredProgram&) = delete;
+    RegisteredProgram& operator=(const RegisteredProgram&) = delete;
+
+ private:
+    static constexpr wchar_t kProgram[] = L"Software\\Classes\\TEVSystemLib.Test.1";
+    static constexpr wchar_t kClass[] = L"Software\\Classes\\TEVSystemLib.Test.1\\CLSID";
+    static constexpr wchar_t kClsid[] = L"{01234567-89AB-CDEF-FEDC-BA9876543210}";
+};
+
+TEST(GetCLSIDFromString, KnownProgramNames) {
+    const RegisteredProgram program;
+    GUID guid = kZero;
+    EXPECT_TRUE(TEVUtilWindows::GetCLSIDFromString(L"TEVSystemLib.Test.1", guid));
+    EXPECT_EQ(guid, kGuid);
+    guid = kZero;
+    EXPECT_TRUE(TEVUtilWindows::GetCLSIDFromString("TEVSystemLib.Test.1", guid));
+    EXPECT_EQ(guid, kGuid);
+}
+
 }  // namespace

@@ -116,6 +116,7 @@ TEST(SetStringArrayVARIANT, RefusalEmptiesTheOutput) {
         {"no strings", nullptr, 2},
         {"no elements", strings, 0},
         {"neither", nullptr, 0},
+        {"more bytes than an array holds", strings, kBeyondTheSystem / sizeof(BSTR)},
         {"more than an array holds", strings, kBeyondTheSystem},
         {"a little more than that", strings, kBeyondTheSystem + 2},
     };

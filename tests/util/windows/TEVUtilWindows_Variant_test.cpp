@@ -68,8 +68,10 @@ TEST(CreateSafeArrayOfVariants, ElementsCanBeFilled) {
 }
 
 TEST(CreateSafeArrayOfVariants, ImpossibleCountsAreRefused) {
-    for (const std::uint64_t count : {std::uint64_t{0}, kBeyondTheSystem, kBeyondTheSystem + 1,
-                                      std::numeric_limits<std::uint64_t>::max()}) {
+    constexpr std::uint64_t kBeyondItsBytes = kBeyondTheSystem / sizeof(VARIANT) + 1;
+    for (const std::uint64_t count :
+         {std::uint64_t{0}, kBeyondItsBytes, kBeyondTheSystem, kBeyondTheSystem + 1,
+          std::numeric_limits<std::uint64_t>::max()}) {
         SCOPED_TRACE(count);
         SAFEARRAY held = {};
         SAFEARRAY* bare = &held;
@@ -156,6 +158,8 @@ TYPED_TEST(SetNumberArrayVARIANT, RefusalEmptiesTheOutput) {
         {"no data", nullptr, 2},
         {"no elements", numbers, 0},
         {"neither", nullptr, 0},
+        {"more bytes than an array holds", numbers,
+         kBeyondTheSystem / sizeof(typename TypeParam::Number)},
         {"more than an array holds", numbers, kBeyondTheSystem},
         {"a little more than that", numbers, kBeyondTheSystem + 2},
     };

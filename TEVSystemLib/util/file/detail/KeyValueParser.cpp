@@ -1,68 +1,66 @@
 #include "TEVSystemLib/util/file/detail/KeyValueParser.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace TAMO::TEV::System::Util::detail {
 
 namespace {
 
-enum class State { LineStart, Comment, Key, AfterKey, Value };
-
 constexpr bool IsInnerBlank(char c) { return c == '\t' || c == '\r' || c == ' '; }
 constexpr bool IsLineBlank(char c) { return c == '\n' || IsInnerBlank(c); }
 
-// First and last position of a key or value.
-struct Span {
-    std::size_t first = 0;
-    std::size_t last = 0;
+// The place of the first character from `from` on that is meant, or the end.
+template <typename IsMeant>
+std::size_t FindFrom(std::string_view text, std::size_t from, IsMeant isMeant) {
+    return static_cast<std::size_t>(
+        std::find_if(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), isMeant) -
+        text.begin());
+}
 
-    void Start(std::size_t at) { first = last = at; }
-    std::string_view In(std::string_view text) const {
-        return text.substr(first, last - first + 1);
-    }
-};
-
-State Step(State state, char c, KeyValueSyntax syntax) {
-    const bool blankEndsKey = syntax == KeyValueSyntax::BlankSeparated;
-    switch (state) {
-        case State::LineStart:
-            if (IsLineBlank(c)) return State::LineStart;
-            return c == '#' || c == '=' ? State::Comment : State::Key;
-        case State::Comment:
-            return c == '\n' ? State::LineStart : State::Comment;
-        case State::Key:
-            if (c == '\n') return State::LineStart;
-            return (blankEndsKey ? IsInnerBlank(c) : c == '=') ? State::AfterKey : State::Key;
-        case State::AfterKey:
-            if (c == '\n') return State::LineStart;
-            return IsInnerBlank(c) ? State::AfterKey : State::Value;
-        case State::Value:
-            return c == '\n' || c == '\0' ? State::LineStart : State::Value;
-    }
-    return State::LineStart;
+std::string_view WithoutBlanksBehind(std::string_view text) {
+    while (IsInnerBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 }  // namespace
 
 std::optional<KeyValuePair> KeyValueParser::Next() {
-    State state = State::LineStart;
-    Span key;
-    Span value;
-    // The NUL behind the last byte is read too: it ends a last line that has no line break.
-    while (position_ <= text_.size()) {
-        const std::size_t here = position_++;
-        const char c = here < text_.size() ? text_[here] : '\0';
-        const State before = std::exchange(state, Step(state, c, syntax_));
-        if (before == State::Value && state == State::LineStart)
-            return KeyValuePair{key.In(text_), value.In(text_)};
-        if (state != State::Key && state != State::Value) continue;
-        Span& span = state == State::Key ? key : value;
-        if (state != before) {
-            span.Start(here);
-        } else if (!IsInnerBlank(c)) {
-            span.last = here;
+    while (position_ < text_.size()) {
+        const char first = text_[position_];
+        if (IsLineBlank(first)) {
+            ++position_;
+        } else if (first == '#' || first == '=') {
+            EndLineAt(FindFrom(text_, position_, [](char c) { return c == '\n'; }));
+        } else if (const auto pair = ReadPair()) {
+            return pair;
         }
     }
+    return std::nullopt;
+}
+
+std::optional<KeyValuePair> KeyValueParser::ReadPair() {
+    const std::size_t key = position_;
+    const std::size_t keyEnd = FindFrom(text_, key + 1, [this](char c) {
+        const bool isBlankSeparated = syntax_ == KeyValueSyntax::BlankSeparated;
+        return c == '\n' || (isBlankSeparated ? IsInnerBlank(c) : c == '=');
+    });
+    if (IsLineEnd(keyEnd)) return EndLineAt(keyEnd);
+    const std::size_t value = FindFrom(text_, keyEnd + 1, [](char c) { return !IsInnerBlank(c); });
+    if (IsLineEnd(value)) return EndLineAt(value);
+    // A NUL ends a value, unless it begins it.
+    const std::size_t valueEnd =
+        FindFrom(text_, value + 1, [](char c) { return c == '\n' || c == '\0'; });
+    EndLineAt(valueEnd);
+    return KeyValuePair{WithoutBlanksBehind(text_.substr(key, keyEnd - key)),
+                        WithoutBlanksBehind(text_.substr(value, valueEnd - value))};
+}
+
+bool KeyValueParser::IsLineEnd(std::size_t at) const {
+    return at == text_.size() || text_[at] == '\n';
+}
+
+std::nullopt_t KeyValueParser::EndLineAt(std::size_t at) {
+    position_ = std::min(at + 1, text_.size());
     return std::nullopt;
 }
 

@@ -25,6 +25,12 @@ class KeyValueParser {
     std::optional<KeyValuePair> Next();
 
  private:
+    // The pair of the line that begins at the position with a character of a key, if it has one.
+    std::optional<KeyValuePair> ReadPair();
+    bool IsLineEnd(std::size_t at) const;
+    // Moves on behind the end of a line; for lines that end without a pair.
+    std::nullopt_t EndLineAt(std::size_t at);
+
     std::string_view text_;
     KeyValueSyntax syntax_;
     std::size_t position_ = 0;

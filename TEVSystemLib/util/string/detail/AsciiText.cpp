@@ -2,24 +2,28 @@
 
 #include <algorithm>
 
+#include "TEVSystemLib/util/string/detail/wide/Kernels.h"
+
 namespace TAMO::TEV::System::Util::detail {
 
-namespace {
-
-std::string Map(std::string_view text, char (*map)(char)) {
+std::string ToLower(std::string_view text) {
     std::string mapped(text);
-    std::transform(mapped.begin(), mapped.end(), mapped.begin(), map);
+    ToLower(mapped, mapped.data());
     return mapped;
 }
 
-}  // namespace
-
-std::string ToLower(std::string_view text) {
-    return Map(text, [](char c) { return ToLower(c); });
+std::string ToUpper(std::string_view text) {
+    std::string mapped(text);
+    ToUpper(mapped, mapped.data());
+    return mapped;
 }
 
-std::string ToUpper(std::string_view text) {
-    return Map(text, [](char c) { return ToUpper(c); });
+void ToLower(std::string_view text, char* to) {
+    wide::Best().toLower(text.data(), text.size(), to);
+}
+
+void ToUpper(std::string_view text, char* to) {
+    wide::Best().toUpper(text.data(), text.size(), to);
 }
 
 int Compare(std::string_view first, std::string_view second) {
@@ -29,16 +33,28 @@ int Compare(std::string_view first, std::string_view second) {
 
 int CompareIgnoringCase(std::string_view first, std::string_view second) {
     const std::size_t shared = std::min(first.size(), second.size());
-    for (std::size_t i = 0; i < shared; ++i) {
-        const auto a = static_cast<unsigned char>(ToLower(first[i]));
-        const auto b = static_cast<unsigned char>(ToLower(second[i]));
-        if (a != b) return a < b ? -1 : 1;
-    }
-    return (first.size() > second.size()) - (first.size() < second.size());
+    const std::size_t at = wide::Best().mismatchIgnoringCase(first.data(), second.data(), shared);
+    if (at == shared) return (first.size() > second.size()) - (first.size() < second.size());
+    const auto a = static_cast<unsigned char>(ToLower(first[at]));
+    const auto b = static_cast<unsigned char>(ToLower(second[at]));
+    return a < b ? -1 : 1;
 }
 
 bool EqualsIgnoringCase(std::string_view first, std::string_view second) {
     return first.size() == second.size() && CompareIgnoringCase(first, second) == 0;
+}
+
+std::size_t Find(std::string_view text, std::string_view pattern) {
+    if (pattern.empty()) return 0;
+    const std::size_t found =
+        wide::Best().find(text.data(), text.size(), pattern.data(), pattern.size());
+    return found == text.size() ? std::string_view::npos : found;
+}
+
+std::string_view ViewOf(const char* text) { return {text, wide::Best().length(text)}; }
+
+std::string_view OrEmpty(const char* text) {
+    return text == nullptr ? std::string_view() : ViewOf(text);
 }
 
 std::string_view Trim(std::string_view text, bool start, bool end) {

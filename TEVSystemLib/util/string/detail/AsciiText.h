@@ -14,6 +14,9 @@ constexpr char ToUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>
 
 std::string ToLower(std::string_view text);
 std::string ToUpper(std::string_view text);
+// Into a buffer of that size.
+void ToLower(std::string_view text, char* to);
+void ToUpper(std::string_view text, char* to);
 
 // -1, 0 or 1: unsigned bytes, then length.
 int Compare(std::string_view first, std::string_view second);
@@ -25,10 +28,13 @@ bool EqualsIgnoringCase(std::string_view first, std::string_view second);
 // stopped.
 std::string_view Trim(std::string_view text, bool start = true, bool end = true);
 
+// The place of the first occurrence, or npos. An empty pattern stands at the start of every text.
+std::size_t Find(std::string_view text, std::string_view pattern);
+
+std::string_view ViewOf(const char* text);
 // A null pointer counts as the empty text.
-inline std::string_view OrEmpty(const char* text) {
-    return text == nullptr ? std::string_view() : std::string_view(text);
-}
+std::string_view OrEmpty(const char* text);
+inline bool IsNullOrEmpty(const char* text) { return text == nullptr || *text == '\0'; }
 
 // The rule for names, values and paths: trimmed at both ends, but only when a plain space stands at
 // one of them.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "TEVSystemLib/util/string/detail/wide/Kernels.h"
+
 namespace TAMO::TEV::System::Util::detail {
 
 namespace {
@@ -56,9 +58,7 @@ std::string BitsOf(unsigned char byte) {
 }
 
 void SwapBytes(void* elements, std::size_t count, std::size_t elementSize) {
-    auto* bytes = static_cast<unsigned char*>(elements);
-    for (std::size_t i = 0; i < count; ++i, bytes += elementSize)
-        std::reverse(bytes, bytes + elementSize);
+    wide::Best().swapBytes(elements, count, elementSize);
 }
 
 }  // namespace TAMO::TEV::System::Util::detail

@@ -27,7 +27,8 @@ bool AddBitArrays(const char* first, const char* second, char* sum, std::size_t 
 // The eight bits of a byte as characters, bit 7 first.
 std::string BitsOf(unsigned char byte);
 
-// Reverses the bytes of every element in place; elements are bytes here, whatever their type.
+// Reverses the bytes of every element in place; elements are 2, 4 or 8 bytes here, whatever their
+// type.
 void SwapBytes(void* elements, std::size_t count, std::size_t elementSize);
 
 }  // namespace TAMO::TEV::System::Util::detail

@@ -1,8 +1,23 @@
 #include "TEVSystemLib/util/string/detail/HandOut.h"
 
+#include <limits>
+
 #include "TEVSystemLib/util/string/detail/Errors.h"
 
 namespace TAMO::TEV::System::Util::detail {
+
+namespace {
+
+// Released as the arrays of TEVUtilMemory are, which are filled with zeros.
+template <typename Owned, typename Char>
+Owned MakeUnfilled(std::size_t length) {
+    if (length == std::numeric_limits<std::size_t>::max()) ThrowInternalError();
+    Owned text(new Char[length + 1]);
+    text[length] = Char{};
+    return text;
+}
+
+}  // namespace
 
 OwnedText MakeText(std::size_t length) {
     char* text = nullptr;
@@ -16,8 +31,14 @@ OwnedWideText MakeWideText(std::size_t length) {
     return OwnedWideText(text);
 }
 
+OwnedText MakeUnfilledText(std::size_t length) { return MakeUnfilled<OwnedText, char>(length); }
+
+OwnedWideText MakeUnfilledWideText(std::size_t length) {
+    return MakeUnfilled<OwnedWideText, wchar_t>(length);
+}
+
 OwnedText MakeText(std::string_view text) {
-    OwnedText copy = MakeText(text.size());
+    OwnedText copy = MakeUnfilledText(text.size());
     text.copy(copy.get(), text.size());
     return copy;
 }

@@ -11,6 +11,9 @@ namespace TAMO::TEV::System::Util::detail {
 // Zeroed buffers of `length` characters and a terminator.
 OwnedText MakeText(std::size_t length);
 OwnedWideText MakeWideText(std::size_t length);
+// The same without the zeros in front of the terminator: for whoever fills it all.
+OwnedText MakeUnfilledText(std::size_t length);
+OwnedWideText MakeUnfilledWideText(std::size_t length);
 
 OwnedText MakeText(std::string_view text);
 

@@ -1,6 +1,9 @@
 #include "TEVSystemLib/util/string/detail/NumberText.h"
 
+#include <charconv>
+#include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 namespace TAMO::TEV::System::Util::detail {
 
@@ -44,6 +47,12 @@ Scan ScanNumber(std::string_view text) {
     return scan;
 }
 
+// Without the plus sign that a conversion does not know.
+std::string_view WithoutPlus(std::string_view text) {
+    if (!text.empty() && text[0] == '+') text.remove_prefix(1);
+    return text;
+}
+
 }  // namespace
 
 IntegerText ClassifyInteger(std::string_view text, Sign sign) {
@@ -69,6 +78,28 @@ bool MayBeReal(std::string_view text) {
     // ends there.
     return !scan.exponents.IsAt(0) &&
            !(scan.exponents.IsAt(1) && (scan.points.IsAt(0) || scan.signs.IsAt(0)));
+}
+
+template <typename T>
+bool ReadLeadingInteger(std::string_view text, T& value) {
+    const std::string_view digits = WithoutPlus(text);
+    return std::from_chars(digits.data(), digits.data() + digits.size(), value).ec == std::errc();
+}
+
+template bool ReadLeadingInteger(std::string_view text, int& value);
+template bool ReadLeadingInteger(std::string_view text, std::int64_t& value);
+template bool ReadLeadingInteger(std::string_view text, std::uint64_t& value);
+
+bool ReadReal(std::string_view text, double& value) {
+    const std::string_view number = WithoutPlus(text);
+    const bool hasTwoSigns = number.size() < text.size() && !number.empty() && number[0] == '-';
+    double read = 0;
+    const char* end = number.data() + number.size();
+    const auto result = std::from_chars(number.data(), end, read);
+    const bool isPlain = read == 0 || std::isnormal(read);
+    if (hasTwoSigns || result.ec != std::errc() || result.ptr != end || !isPlain) return false;
+    value = read;
+    return true;
 }
 
 IndexTexts SplitIndices(std::string_view text) {

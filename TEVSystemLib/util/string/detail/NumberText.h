@@ -2,7 +2,8 @@
 
 #include <string_view>
 
-// Which texts are taken for numbers. Digits are ASCII digits; nothing here converts.
+// Which texts are taken for numbers, and the value of those about which there is no doubt. Digits
+// are ASCII digits.
 namespace TAMO::TEV::System::Util::detail {
 
 enum class Sign { PlusOrMinus, PlusOnly };
@@ -19,6 +20,15 @@ IntegerText ClassifyInteger(std::string_view text, Sign sign);
 // Digits, signs, points and exponent markers in an arrangement that is worth scanning; not every
 // such text converts.
 bool MayBeReal(std::string_view text);
+
+// The number that a text of IntegerText::Digits begins with, up to its point. False, with nothing
+// stored, when it has no digit there or does not fit.
+template <typename T>
+bool ReadLeadingInteger(std::string_view text, T& value);
+
+// The number that all of a text is, correctly rounded; the point is ".". False, with nothing
+// stored, for an overflow, an underflow and for what does not look like a number from end to end.
+bool ReadReal(std::string_view text, double& value);
 
 struct IndexTexts {
     std::string_view first;

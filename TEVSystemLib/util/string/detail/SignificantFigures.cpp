@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+
 namespace TAMO::TEV::System::Util::detail {
 
 namespace {
@@ -129,6 +131,10 @@ int FiguresWorthShowing(double magnitude, const Figures& value, double uncertain
         figures = value.point + 1 + exponent.magnitude - value.first;
     }
     return std::max(figures, 1);
+}
+
+std::string SeparatorOrPoint(const char* separator) {
+    return IsNullOrEmpty(separator) ? "." : separator;
 }
 
 std::string WithoutIdlePoint(std::string text) {

@@ -43,6 +43,9 @@ std::optional<Exponent> ExponentOf(std::string_view text);
 int FiguresWorthShowing(double magnitude, const Figures& value, double uncertainty,
                         Exponent exponent);
 
+// The decimal separator of a locale, "." when it has none.
+std::string SeparatorOrPoint(const char* separator);
+
 // Takes away a point that ends the text, unless it marks a 0 as significant, or that stands
 // directly before an exponent.
 std::string WithoutIdlePoint(std::string text);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace TAMO::TEV::System::Util::detail {
+
+// A text with every occurrence of a pattern replaced, from left to right; an empty pattern occurs
+// nowhere. The texts must outlive it.
+class Replacement {
+ public:
+    Replacement(std::string_view input, std::string_view replacement, std::string_view pattern);
+
+    std::size_t Size() const { return size_; }
+    // Into a buffer of that size.
+    void Write(char* to) const;
+
+ private:
+    std::string_view input_;
+    std::string_view replacement_;
+    std::string_view pattern_;
+    std::size_t size_;
+};
+
+}  // namespace TAMO::TEV::System::Util::detail

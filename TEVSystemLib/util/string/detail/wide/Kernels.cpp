@@ -1,0 +1,68 @@
+#include "TEVSystemLib/util/string/detail/wide/Kernels.h"
+
+#if defined(TEV_WIDE_SSSE3) && defined(_MSC_VER)
+#include <intrin.h>
+#endif
+
+namespace TAMO::TEV::System::Util::detail::wide {
+
+namespace {
+
+#ifdef TEV_WIDE_SSSE3
+constexpr const Kernels* kLevels[] = {&kPortable, &kSsse3, &kAvx2};
+
+#ifdef _MSC_VER
+bool HasSsse3() {
+    constexpr int kBit = 1 << 9;
+    int registers[4];
+    __cpuid(registers, 1);
+    return (registers[2] & kBit) != 0;
+}
+
+// The system must save the wide registers too.
+bool HasAvx2() {
+    constexpr int kSavesRegisters = 1 << 27;
+    constexpr int kAvx2Bit = 1 << 5;
+    constexpr unsigned long long kWideState = 6;
+    int registers[4];
+    __cpuid(registers, 1);
+    if ((registers[2] & kSavesRegisters) == 0 || (_xgetbv(0) & kWideState) != kWideState)
+        return false;
+    __cpuidex(registers, 7, 0);
+    return (registers[1] & kAvx2Bit) != 0;
+}
+#else
+bool HasSsse3() { return __builtin_cpu_supports("ssse3") != 0; }
+bool HasAvx2() { return __builtin_cpu_supports("avx2") != 0; }
+#endif
+
+std::size_t CountRunnable() {
+    if (!HasSsse3()) return 1;
+    return HasAvx2() ? 3 : 2;
+}
+#else
+constexpr const Kernels* kLevels[] = {&kPortable};
+
+std::size_t CountRunnable() { return 1; }
+#endif
+
+// The highest level that this build may use; see TEV_WIDE_LEVEL.
+#ifndef TEV_WIDE_HIGHEST
+constexpr std::size_t kHighest = 3;
+#else
+constexpr std::size_t kHighest = TEV_WIDE_HIGHEST;
+#endif
+
+}  // namespace
+
+Levels RunnableLevels() {
+    static const std::size_t runnable = CountRunnable();
+    return {kLevels, runnable < kHighest ? runnable : kHighest};
+}
+
+const Kernels& Best() {
+    static const Kernels* const best = kLevels[RunnableLevels().count - 1];
+    return *best;
+}
+
+}  // namespace TAMO::TEV::System::Util::detail::wide

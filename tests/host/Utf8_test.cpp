@@ -1,0 +1,120 @@
+#include "TEVSystemLib/util/string/detail/Utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <optional>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "support/Effort.h"
+
+namespace {
+
+using TAMO::TEV::System::Util::detail::NarrowUtf16;
+using TAMO::TEV::System::Util::detail::Utf16Size;
+using TAMO::TEV::System::Util::detail::Utf8Size;
+using TAMO::TEV::System::Util::detail::WidenUtf8;
+
+using Units = std::u16string;
+
+std::optional<Units> Widened(std::string_view text) {
+    Units units(Utf16Size(text) + 1, u'?');
+    if (!WidenUtf8(text, units.data())) return {};
+    EXPECT_EQ(units.back(), u'?');
+    units.pop_back();
+    return units;
+}
+
+std::optional<std::string> Narrowed(std::u16string_view units) {
+    std::string text(Utf8Size(units) + 1, '?');
+    if (!NarrowUtf16(units, text.data())) return {};
+    EXPECT_EQ(text.back(), '?');
+    text.pop_back();
+    return text;
+}
+
+// The bits of a character, six to a byte from the end; `size` may be more than it needs.
+std::string Spread(std::uint32_t character, std::size_t size) {
+    if (size == 1) return {static_cast<char>(character)};
+    std::string bytes(size, '\0');
+    for (std::size_t i = size; i-- > 1; character >>= 6)
+        bytes[i] = static_cast<char>(0x80 | (character & 0x3F));
+    bytes[0] = static_cast<char>((0xF00 >> size & 0xFF) | character);
+    return bytes;
+}
+
+std::size_t ShortestSize(std::uint32_t character) {
+    return character < 0x80 ? 1 : character < 0x800 ? 2 : character < 0x10000 ? 3 : 4;
+}
+
+bool IsSurrogate(std::uint32_t character) { return character >= 0xD800 && character < 0xE000; }
+
+Units UnitsOf(std::uint32_t character) {
+    if (character < 0x10000) return {static_cast<char16_t>(character)};
+    return {static_cast<char16_t>(0xD7C0 + (character >> 10)),
+            static_cast<char16_t>(0xDC00 + character % 0x400)};
+}
+
+TEST(Utf8, EveryCharacterBothWays) {
+    for (std::uint32_t character = 0; character < 0x110000; ++character) {
+        const std::string bytes = Spread(character, ShortestSize(character));
+        if (IsSurrogate(character)) {
+            ASSERT_EQ(Widened(bytes), std::nullopt) << character;
+            ASSERT_EQ(Narrowed(UnitsOf(character)), std::nullopt) << character;
+        } else {
+            ASSERT_EQ(Widened(bytes), UnitsOf(character)) << character;
+            ASSERT_EQ(Narrowed(UnitsOf(character)), bytes) << character;
+        }
+    }
+}
+
+TEST(WidenUtf8, OverlongFormsAreRefused) {
+    for (std::uint32_t character = 0; character < 0x10000; ++character) {
+        for (std::size_t size = ShortestSize(character) + 1; size <= 4; ++size)
+            ASSERT_EQ(Widened(Spread(character, size)), std::nullopt) << character << ' ' << size;
+    }
+}
+
+TEST(WidenUtf8, WhatIsNoCharacterIsRefused) {
+    using namespace std::string_view_literals;
+    for (const std::string_view text :
+         {"\x80"sv, "\xBF"sv, "\xC3"sv, "\xE2\x82"sv, "\xF0\x9F\x98"sv, "\xC3("sv, "\xE2\x28\xA1"sv,
+          "\xE2\x82("sv, "\xF0\x28\x8C\xBC"sv, "\xF0\x9F\x28\xBC"sv, "\xF0\x9F\x98("sv,
+          "\xF4\x90\x80\x80"sv, "\xF5\x80\x80\x80"sv, "\xF8\x88\x80\x80\x80"sv, "\xFE"sv,
+          "\xFF"sv}) {
+        EXPECT_EQ(Widened(text), std::nullopt) << testing::PrintToString(text);
+        EXPECT_EQ(Widened(std::string(40, 'a').append(text)), std::nullopt);
+        EXPECT_EQ(Widened(std::string(text).append("aaaa")), std::nullopt);
+    }
+}
+
+TEST(NarrowUtf16, LoneSurrogatesAreRefused) {
+    for (const Units& units : {Units{0xD800}, Units{0xDC00}, Units{0xD800, u'a'},
+                               Units{0xD800, 0xD800}, Units{0xDC00, 0xD800}, Units{u'a', 0xDBFF}})
+        EXPECT_EQ(Narrowed(units), std::nullopt);
+}
+
+TEST(Utf8, MixedTextsComeBack) {
+    constexpr unsigned kSeed = 8161;
+    RecordProperty("seed", kSeed);
+    std::mt19937 engine(kSeed);
+    for (std::int64_t i = 0; i < tev::test::Repetitions(1'000'000); ++i) {
+        std::string text;
+        Units units;
+        for (auto pieces = engine() % 8; pieces > 0; --pieces) {
+            const std::string ascii(engine() % 50, 'x');
+            text += ascii;
+            units.append(ascii.begin(), ascii.end());
+            const std::uint32_t character = (engine() % 0x110000) >> engine() % 21;
+            if (IsSurrogate(character)) continue;
+            text += Spread(character, ShortestSize(character));
+            units += UnitsOf(character);
+        }
+        ASSERT_EQ(Widened(text), units);
+        ASSERT_EQ(Narrowed(units), text);
+    }
+}
+
+}  // namespace

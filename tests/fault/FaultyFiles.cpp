@@ -31,12 +31,14 @@ struct Handle {
 // closed twice is a wrong release.
 struct FaultyCallbacks {
     static int Stat(void*, const char* name, VSIStatBufL* stat, int) {
-        if (current == nullptr || !current->Begin(FileCall::Stat)) return kFailed;
+        if (current == nullptr) return kFailed;
+        const bool succeeds = current->Begin(FileCall::Stat);
         const auto found = current->entries_.find(name);
         if (found == current->entries_.end()) return kFailed;
         stat->st_mode = found->second.isFolder ? kFolderMode : kFileMode;
         stat->st_size = static_cast<std::int64_t>(ToldSize(found->second.content));
-        return 0;
+        // What a stat that fails has filled in is not to be looked at.
+        return succeeds ? 0 : kFailed;
     }
 
     static void* Open(void*, const char* name, const char* mode) {

@@ -21,6 +21,7 @@ using tev::fault::Calls;
 using tev::fault::CountLoans;
 using tev::fault::Fail;
 using tev::fault::FailNth;
+using tev::fault::Replace;
 using tev::test::Bstr;
 using tev::test::SafeArray;
 using tev::test::Text;
@@ -85,16 +86,17 @@ void ExpectEmptyWithoutAnArray(Create create) {
 }
 
 TEST(FromMultibyteCharToBSTR, ExhaustedMemoryLeavesAsTheComError_Kept) {
-    Bstr text;
+    wchar_t held[] = L"held";
+    wchar_t* text = held;
     HRESULT code = S_OK;
     const auto fails = Fail(calls::SysAllocString, nullptr);
     try {
-        TEVUtilWindows::FromMultibyteCharToBSTR("text", text.Out());
+        TEVUtilWindows::FromMultibyteCharToBSTR("text", &text);
     } catch (const _com_error& error) {
         code = error.Error();
     }
     EXPECT_EQ(code, E_OUTOFMEMORY);
-    EXPECT_TRUE(text.IsNull());
+    EXPECT_EQ(text, nullptr);
 }
 
 TEST(CopyBSTR, FailureIsFalseWithNull) {
@@ -115,6 +117,25 @@ TEST(CompareBSTR, RefusalOfTheSystemThrows) {
         } catch (const std::runtime_error& error) {
             EXPECT_STREQ(error.what(), "BSTR comparison operation failed.");
         }
+    }
+}
+
+TEST(CompareBSTR, AsksForTheInvariantLocaleAndWholeTexts) {
+    const Bstr first(L"first");
+    const Bstr second(L"second");
+    for (const bool ignoreCase : {false, true}) {
+        const Replace answers(calls::CompareStringW,
+                              [&](LCID locale, DWORD flags, const wchar_t* one, int oneLength,
+                                  const wchar_t* two, int twoLength) {
+                                  EXPECT_EQ(locale, 0x7Fu);
+                                  EXPECT_EQ(flags, ignoreCase ? NORM_IGNORECASE : 0u);
+                                  EXPECT_EQ(one, first.get());
+                                  EXPECT_EQ(two, second.get());
+                                  EXPECT_EQ(oneLength, -1);
+                                  EXPECT_EQ(twoLength, -1);
+                                  return CSTR_GREATER_THAN;
+                              });
+        EXPECT_EQ(TEVUtilWindows::CompareBSTR(ignoreCase, first.get(), second.get()), 1);
     }
 }
 

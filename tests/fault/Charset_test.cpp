@@ -57,7 +57,7 @@ TEST(CharsetFaults, FromUtf8IsFalseWithNothing) {
         wchar_t stale[] = L"stale";
         wchar_t* wide = stale;
         std::size_t length = 77;
-        EXPECT_FALSE(TEVUtilString::ConvertFromMultiByteCharToWChar("text", 4, &wide, &length));
+        EXPECT_FALSE(TEVUtilString::ConvertFromMultiByteCharToWChar("tex\xFF", 4, &wide, &length));
         EXPECT_EQ(wide, nullptr);
         EXPECT_EQ(length, 0U);
     }
@@ -70,7 +70,8 @@ TEST(CharsetFaults, ToUtf8IsFalseWithNothing) {
         char stale[] = "stale";
         char* text = stale;
         std::size_t length = 77;
-        EXPECT_FALSE(TEVUtilString::ConvertFromWCharToMultiByteChar(&text, L"text", 4, &length));
+        EXPECT_FALSE(
+            TEVUtilString::ConvertFromWCharToMultiByteChar(&text, L"t\xD800t", 4, &length));
         EXPECT_EQ(text, nullptr);
         EXPECT_EQ(length, 0U);
     }
@@ -120,7 +121,7 @@ TEST(CharsetFaults, FromTheLocaleIsFalseWithNull) {
         const auto refuses = Fail(calls::mbstowcs, written);
         wchar_t stale[] = L"stale";
         wchar_t* wide = stale;
-        EXPECT_FALSE(TEVUtilString::ConvertFromCharToWChar("text", &wide));
+        EXPECT_FALSE(TEVUtilString::ConvertFromCharToWChar("t\xE9xt", &wide));
         EXPECT_EQ(wide, nullptr);
     }
 }
@@ -130,7 +131,7 @@ TEST(CharsetFaults, ToTheLocaleThrowsWithNull) {
     char stale[] = "stale";
     char* text = stale;
     try {
-        TEVUtilString::ConvertFromWCharToChar(L"text", &text);
+        TEVUtilString::ConvertFromWCharToChar(L"t\xE9xt", &text);
         ADD_FAILURE() << "nothing thrown";
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "Failed to convert data from wchar to char.");

@@ -29,15 +29,15 @@ constexpr const char* kName = "TEV_FAULT_VARIABLE";
 // What the library tells the system at most.
 constexpr DWORD kMostChars = 32767;
 
-std::string Value() {
+std::string Value(const char* name = kName) {
     Text value;
-    TEVUtilWindows::GetEnv(kName, value.Out());
+    TEVUtilWindows::GetEnv(name, value.Out());
     return value.str();
 }
 
-std::string PathValue() {
+std::string PathValue(const char* name = kName) {
     Text value;
-    TEVUtilWindows::GetPathEnvVariable(kName, value.Out());
+    TEVUtilWindows::GetPathEnvVariable(name, value.Out());
     return value.str();
 }
 
@@ -49,6 +49,7 @@ class Growing {
 
  private:
     DWORD Read(wchar_t* out, DWORD size) {
+        if (size < kMostChars) return needed_;
         EXPECT_EQ(size, kMostChars);
         // The room is there.
         std::wmemset(out, L'x', size);
@@ -71,7 +72,7 @@ TEST(EnvironmentReads, ValueThatGrowsIsReadAgain) {
             const Growing variable(attempts, needed);
             const Calls reads(calls::GetEnvironmentVariableW);
             EXPECT_EQ(Value(), "value");
-            EXPECT_EQ(reads.Made(), attempts + 1);
+            EXPECT_EQ(reads.Made(), 1 + attempts + 1);
         }
     }
 }
@@ -82,7 +83,7 @@ TEST(EnvironmentReads, ValueThatGrowsTenTimesIsNotSet) {
     {
         const Growing variable(10, kMostChars + 1);
         EXPECT_EQ(Value(), "(null)");
-        EXPECT_EQ(reads.Made(), 10);
+        EXPECT_EQ(reads.Made(), 1 + 10);
     }
     {
         const Growing variable(10, kMostChars + 1);
@@ -90,18 +91,32 @@ TEST(EnvironmentReads, ValueThatGrowsTenTimesIsNotSet) {
     }
     const Growing variable(10, kMostChars + 1);
     EXPECT_FALSE(TEVUtilWindows::EnvironmentVariableExists(kName));
-    EXPECT_EQ(reads.Made(), 30);
+    EXPECT_EQ(reads.Made(), 3 * (1 + 10));
 }
 
-TEST(EnvironmentReads, LongestValueIsReadAtOnce) {
+TEST(EnvironmentReads, OrdinaryValueIsReadAtOnce) {
+    for (const std::size_t length : {std::size_t{1}, std::size_t{2047}}) {
+        const Variable isSet(kName, std::string(length, 'x').c_str());
+        const Calls reads(calls::GetEnvironmentVariableW);
+        EXPECT_EQ(Value(), std::string(length, 'x'));
+        EXPECT_EQ(reads.Made(), 1);
+    }
+    const Variable isSet(kName, std::string(2048, 'x').c_str());
+    const Calls reads(calls::GetEnvironmentVariableW);
+    EXPECT_EQ(Value(), std::string(2048, 'x'));
+    EXPECT_EQ(reads.Made(), 2);
+}
+
+TEST(EnvironmentReads, LongestValueIsReadAtTheSecondCall) {
     const Replace longest(calls::GetEnvironmentVariableW,
                           [](const wchar_t*, wchar_t* out, DWORD size) {
+                              if (size < kMostChars) return kMostChars;
                               std::wmemset(out, L'x', size);
                               return size - 1;
                           });
     const Calls reads(calls::GetEnvironmentVariableW);
     EXPECT_EQ(Value(), std::string(kMostChars - 1, 'x'));
-    EXPECT_EQ(reads.Made(), 1);
+    EXPECT_EQ(reads.Made(), 2);
 }
 
 TEST(EnvironmentReads, RefusalReadsAsNotSet) {
@@ -116,18 +131,20 @@ TEST(EnvironmentReads, RefusalReadsAsNotSet) {
 }
 
 TEST(EnvironmentReads, NameThatDoesNotConvertIsNotSet) {
-    const Variable isSet(kName, "value");
+    constexpr const char* kForeign = "TEV_FAULT_\xE9";
+    const Variable isSet(kForeign, "value");
+    EXPECT_EQ(Value(kForeign), "value");
     for (const std::size_t converted : {static_cast<std::size_t>(-1), std::size_t{3}}) {
         const Calls reads(calls::GetEnvironmentVariableW);
         const auto fails = Fail(calls::mbstowcs, converted);
-        EXPECT_EQ(Value(), "(null)");
-        EXPECT_EQ(PathValue(), "(null)");
+        EXPECT_EQ(Value(kForeign), "(null)");
+        EXPECT_EQ(PathValue(kForeign), "(null)");
         EXPECT_EQ(reads.Made(), 0);
     }
 }
 
 TEST(EnvironmentReads, ValueThatDoesNotConvertThrowsFromThePathFormOnly) {
-    const Variable isSet(kName, "value");
+    const Variable isSet(kName, "valu\xE9");
     const auto fails = Fail(calls::wcstombs, static_cast<std::size_t>(-1));
     EXPECT_EQ(Value(), "(null)");
     EXPECT_FALSE(TEVUtilWindows::EnvironmentVariableExists(kName));
@@ -171,8 +188,10 @@ TEST(EnvironmentBlock, RefusalIsFalseWithNothing) {
 }
 
 TEST(EnvironmentBlock, WithoutAnyVariableThatConvertsIsFalseAndGivenBack) {
+    wchar_t block[] = L"ONE=\x153\0TWO=\x153\0";
+    const Replace foreign(calls::GetEnvironmentStringsW, [&] { return block; });
+    const Replace release(calls::FreeEnvironmentStringsW, [](wchar_t*) { return TRUE; });
     const Calls released(calls::FreeEnvironmentStringsW);
-    const auto fails = Fail(calls::wcstombs, static_cast<std::size_t>(-1));
     Listing().ExpectNone();
     EXPECT_EQ(released.Made(), 1);
 }

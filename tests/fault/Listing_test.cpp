@@ -15,6 +15,7 @@ using TAMO::TEV::System::Util::TEVUtilFile;
 using tev::fault::Calls;
 using tev::fault::Fail;
 using tev::fault::FailNth;
+using tev::fault::Replace;
 using tev::test::Folder;
 using tev::test::TextArray;
 
@@ -75,6 +76,18 @@ TEST_F(ListingFaults, FolderThatDoesNotConvertIsAFailure) {
 }
 
 TEST_F(ListingFaults, NameThatDoesNotConvertIsAFailure) {
+    // Names beyond ASCII, which the C runtime has to convert.
+    const Replace first(calls::FindFirstFileW, [](const wchar_t* pattern, WIN32_FIND_DATAW* entry) {
+        const HANDLE search = calls::FindFirstFileW.Real(pattern, entry);
+        entry->cFileName[0] = L'\xE9';
+        return search;
+    });
+    const Replace next(calls::FindNextFileW, [](HANDLE search, WIN32_FIND_DATAW* entry) {
+        const BOOL isFound = calls::FindNextFileW.Real(search, entry);
+        entry->cFileName[0] = L'\xE9';
+        return isFound;
+    });
+    EXPECT_EQ(List().size(), 3U);
     for (int n = 0; n < 3; ++n) {
         const Calls closed(calls::FindClose);
         const auto fails = FailNth(n, calls::wcstombs, static_cast<std::size_t>(-1));

@@ -50,11 +50,14 @@ bool NarrowValid(std::wstring_view wide, char** text, std::size_t* textLength) {
 bool TEVUtilString::ConvertFromCharToWChar(const char* const text, wchar_t** wide) try {
     if (wide == nullptr) return false;
     *wide = nullptr;
-    const std::size_t length = detail::OrEmpty(text).size();
+    const std::string_view narrow = detail::OrEmpty(text);
+    const std::size_t length = narrow.size();
     if (length == 0 || length + 2 >= kMaxCount) return false;
     // KEEP: room for one character more than the terminator needs.
     detail::OwnedWideText converted = detail::MakeWideText(length + 1);
-    if (std::mbstowcs(converted.get(), text, length) != length) return false;
+    // ASCII is the same in every locale.
+    const bool isAscii = detail::WidenAscii(narrow, converted.get()) == length;
+    if (!isAscii && std::mbstowcs(converted.get(), text, length) != length) return false;
     *wide = converted.release();
     return true;
 } catch (...) {

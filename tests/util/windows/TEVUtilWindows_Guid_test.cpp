@@ -176,16 +176,16 @@ class RegisteredProgram {
  public:
     RegisteredProgram() {
         EXPECT_EQ(
-            RegSetKeyValueW(HKEY_CURRENT_USER, kClass, nullptr, REG_SZ, kClsid, sizeof(kClsid)),
+            RegSetKeyValueW(HKEY_CLASSES_ROOT, kClass, nullptr, REG_SZ, kClsid, sizeof(kClsid)),
             ERROR_SUCCESS);
     }
-    ~RegisteredProgram() { RegDeleteTreeW(HKEY_CURRENT_USER, kProgram); }
+    ~RegisteredProgram() { RegDeleteTreeW(HKEY_CLASSES_ROOT, kProgram); }
     RegisteredProgram(const RegisteredProgram&) = delete;
     RegisteredProgram& operator=(const RegisteredProgram&) = delete;
 
  private:
-    static constexpr wchar_t kProgram[] = L"Software\\Classes\\TEVSystemLib.Test.1";
-    static constexpr wchar_t kClass[] = L"Software\\Classes\\TEVSystemLib.Test.1\\CLSID";
+    static constexpr wchar_t kProgram[] = L"TEVSystemLib.Test.1";
+    static constexpr wchar_t kClass[] = L"TEVSystemLib.Test.1\\CLSID";
     static constexpr wchar_t kClsid[] = L"{01234567-89AB-CDEF-FEDC-BA9876543210}";
 };
 

@@ -1,10 +1,11 @@
 #include "TEVSystemLib/util/string/detail/LocaleText.h"
 
 #include <cstdlib>
-#include <cwchar>
+#include <string_view>
 
 #include "TEVSystemLib/util/string/detail/Errors.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
+#include "TEVSystemLib/util/string/detail/Utf8.h"
 
 namespace TAMO::TEV::System::Util::detail {
 
@@ -12,7 +13,12 @@ OwnedText ToLocaleIfPossible(const wchar_t* wide) {
     constexpr std::size_t kMaxBytesPerCharacter = 4;
     constexpr auto kConversionError = static_cast<std::size_t>(-1);
     if (wide == nullptr || *wide == L'\0') return nullptr;
-    const std::size_t size = kMaxBytesPerCharacter * std::wcslen(wide);
+    const std::wstring_view text = wide;
+    // ASCII is the same in every locale.
+    if (OwnedText ascii = MakeUnfilledText(text.size());
+        NarrowAscii(text, ascii.get()) == text.size())
+        return ascii;
+    const std::size_t size = kMaxBytesPerCharacter * text.size();
     OwnedText converted = MakeText(size);
     if (std::wcstombs(converted.get(), wide, size) == kConversionError) return nullptr;
     return converted;

@@ -16,27 +16,6 @@ constexpr std::uint32_t kBeyondUnicode = 0x110000;
 
 constexpr bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
-template <typename Unit>
-std::size_t WidenAscii(std::string_view text, Unit* to) {
-    std::size_t done = 0;
-    if constexpr (sizeof(Unit) == sizeof(char16_t))
-        done = wide::Best().widenAscii(text.data(), text.size(), reinterpret_cast<char16_t*>(to));
-    for (; done < text.size() && (text[done] & 0x80) == 0; ++done)
-        to[done] = static_cast<Unit>(text[done]);
-    return done;
-}
-
-template <typename Unit>
-std::size_t NarrowAscii(std::basic_string_view<Unit> text, char* to) {
-    std::size_t done = 0;
-    if constexpr (sizeof(Unit) == sizeof(char16_t))
-        done = wide::Best().narrowAscii(reinterpret_cast<const char16_t*>(text.data()), text.size(),
-                                        to);
-    for (; done < text.size() && text[done] < 0x80; ++done)
-        to[done] = static_cast<char>(text[done]);
-    return done;
-}
-
 struct Sequence {
     std::uint32_t character;
     std::size_t size;  // 0 for one that is not valid
@@ -108,6 +87,27 @@ char* PutBytes(std::uint32_t character, char* to) {
 
 }  // namespace
 
+template <typename Unit>
+std::size_t WidenAscii(std::string_view text, Unit* to) {
+    std::size_t done = 0;
+    if constexpr (sizeof(Unit) == sizeof(char16_t))
+        done = wide::Best().widenAscii(text.data(), text.size(), reinterpret_cast<char16_t*>(to));
+    for (; done < text.size() && (text[done] & 0x80) == 0; ++done)
+        to[done] = static_cast<Unit>(text[done]);
+    return done;
+}
+
+template <typename Unit>
+std::size_t NarrowAscii(std::basic_string_view<Unit> text, char* to) {
+    std::size_t done = 0;
+    if constexpr (sizeof(Unit) == sizeof(char16_t))
+        done = wide::Best().narrowAscii(reinterpret_cast<const char16_t*>(text.data()), text.size(),
+                                        to);
+    for (; done < text.size() && text[done] < 0x80; ++done)
+        to[done] = static_cast<char>(text[done]);
+    return done;
+}
+
 std::size_t Utf16Size(std::string_view text) {
     std::size_t size = 0;
     for (const char c : text) {
@@ -160,6 +160,10 @@ bool NarrowUtf16(std::basic_string_view<Unit> text, char* to) {
     return true;
 }
 
+template std::size_t WidenAscii(std::string_view text, char16_t* to);
+template std::size_t NarrowAscii(std::u16string_view text, char* to);
+template std::size_t WidenAscii(std::string_view text, wchar_t* to);
+template std::size_t NarrowAscii(std::wstring_view text, char* to);
 template std::size_t Utf8Size(std::u16string_view text);
 template bool WidenUtf8(std::string_view text, char16_t* to);
 template bool NarrowUtf16(std::u16string_view text, char* to);

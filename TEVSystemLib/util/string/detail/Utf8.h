@@ -20,4 +20,10 @@ bool WidenUtf8(std::string_view text, Unit* to);
 template <typename Unit>
 bool NarrowUtf16(std::basic_string_view<Unit> text, char* to);
 
+// Copies the ASCII characters at the front of a text; gives their count.
+template <typename Unit>
+std::size_t WidenAscii(std::string_view text, Unit* to);
+template <typename Unit>
+std::size_t NarrowAscii(std::basic_string_view<Unit> text, char* to);
+
 }  // namespace TAMO::TEV::System::Util::detail

@@ -12,6 +12,7 @@ class BalanceListener : public testing::EmptyTestEventListener {
     void OnTestEnd(const testing::TestInfo&) override {
         const tev::fault::Counters after = tev::fault::Now();
         EXPECT_EQ(after.live - before_.live, 0) << "allocations left behind";
+        EXPECT_EQ(after.unguarded - before_.unguarded, 0) << "blocks without a guard";
         EXPECT_EQ(after.wrong - before_.wrong, 0) << "wrong releases";
     }
 
@@ -22,6 +23,7 @@ class BalanceListener : public testing::EmptyTestEventListener {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    tev::fault::StartGuarding();
     // GoogleTest keeps its trace stack from the first use on.
     { SCOPED_TRACE("first use"); }
     // The store lives as long as the process: it is no test's to release.

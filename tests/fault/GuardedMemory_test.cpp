@@ -33,7 +33,9 @@ class Trap {
         if (address_ == nullptr) return nullptr;
         DWORD before = 0;
         VirtualProtect(address_, 1, PAGE_NOACCESS, &before);
-        return std::exchange(address_, nullptr);
+        const void* trapped = address_;
+        address_ = nullptr;
+        return trapped;
     }
 
  private:
@@ -47,7 +49,8 @@ class Trap {
                    : EXCEPTION_CONTINUE_SEARCH;
     }
 
-    static inline void* address_ = nullptr;
+    // Changed behind the back of the compiler.
+    static inline void* volatile address_ = nullptr;
     void* handler_;
 };
 

@@ -1,7 +1,11 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstdio>
 
 #include "fault/Allocator.h"
+#include "fault/GuardedMemory.h"
 
 namespace {
 
@@ -19,10 +23,24 @@ class BalanceListener : public testing::EmptyTestEventListener {
     tev::fault::Counters before_;
 };
 
+// A trap ends the program, which then leaves no report; this tells what was touched.
+LONG CALLBACK TellTrap(EXCEPTION_POINTERS* trap) {
+    const EXCEPTION_RECORD& record = *trap->ExceptionRecord;
+    const auto* address = reinterpret_cast<const void*>(
+        record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION ? record.ExceptionInformation[1] : 0);
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    std::fprintf(stderr, "exception %lx %s, in %s.%s\n", record.ExceptionCode,
+                 tev::fault::WhereIs(address).c_str(),
+                 test == nullptr ? "" : test->test_suite_name(),
+                 test == nullptr ? "no test" : test->name());
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    SetUnhandledExceptionFilter(TellTrap);
     tev::fault::StartGuarding();
     // GoogleTest keeps its trace stack from the first use on.
     { SCOPED_TRACE("first use"); }

@@ -24,7 +24,10 @@ bool ScanInt(const std::string& text, int& value) {
 // KEEP: the stream's verdict is not asked; a bare sign and an overflow count as converted.
 template <typename T>
 bool Extract(const std::string& text, T& value) {
-    std::istringstream(text) >> value;
+    std::istringstream stream(text);
+    // A stream keeps exhausted memory to itself, too, unless asked.
+    stream.exceptions(std::ios::badbit);
+    stream >> value;
     return true;
 }
 

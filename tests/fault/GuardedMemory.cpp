@@ -19,12 +19,15 @@ constexpr std::size_t kSlots = 16384;
 constexpr std::size_t kLargeBlocks = 1024;
 constexpr std::size_t kCheckedInFront = 16;
 constexpr unsigned char kFront = 0xFA;
+constexpr unsigned char kReleased = 0xDD;
+constexpr std::ptrdiff_t kClosedReleases = 20000;
 
 struct Block {
     unsigned char* pages;  // null: not in use
     unsigned char* begin;
     std::size_t size;
     Kind kind;
+    bool isOpen;  // the page is readable, in use or not
 };
 
 // Without constructors: the first blocks are asked for before any of this file would run.
@@ -36,6 +39,7 @@ Block largeBlocks[kLargeBlocks];
 std::uint32_t freeSlots[kSlots];
 std::size_t firstFree = 0;
 std::size_t freeCount = 0;
+std::atomic<std::ptrdiff_t> releasesToClose{kClosedReleases};
 
 class Locked {
  public:
@@ -45,9 +49,13 @@ class Locked {
     Locked& operator=(const Locked&) = delete;
 };
 
-bool Protect(unsigned char* pages, DWORD access) {
+bool SetOpen(Block& slot, bool isOpen) {
     DWORD before = 0;
-    return VirtualProtect(pages, kPage, access, &before) != 0;
+    if (slot.isOpen == isOpen) return true;
+    if (VirtualProtect(slot.pages, kPage, isOpen ? PAGE_READWRITE : PAGE_NOACCESS, &before) == 0)
+        return false;
+    slot.isOpen = isOpen;
+    return true;
 }
 
 void PutBack(std::uint32_t slot) { freeSlots[(firstFree + freeCount++) % kSlots] = slot; }
@@ -127,15 +135,20 @@ Block* Find(const void* address) {
     return found == std::end(largeBlocks) ? nullptr : found;
 }
 
-void Free(Block& block) {
-    const bool isLarge = !IsInArena(block.pages);
-    if (!isLarge) Protect(block.pages, PAGE_NOACCESS);
+void FreeLarge(Block& block) {
     const Locked locked;
-    if (isLarge)
-        VirtualFree(block.pages - kPage, 0, MEM_RELEASE);
-    else
-        PutBack(static_cast<std::uint32_t>(&block - slots));
+    VirtualFree(block.pages - kPage, 0, MEM_RELEASE);
     block.pages = nullptr;
+}
+
+void FreeSlot(Block& slot) {
+    if (--releasesToClose >= 0)
+        SetOpen(slot, false);
+    else
+        std::memset(slot.begin, kReleased, slot.size);
+    const Locked locked;
+    slot.pages = nullptr;
+    PutBack(static_cast<std::uint32_t>(&slot - slots));
 }
 
 }  // namespace
@@ -145,7 +158,7 @@ void* TakeGuarded(std::size_t size, Kind kind) {
     if (room < size) return nullptr;
     Block* block = room == kPage ? TakeSlot() : TakeLarge(room);
     if (block == nullptr) return nullptr;
-    if (room == kPage && !Protect(block->pages, PAGE_READWRITE)) return nullptr;
+    if (room == kPage && !SetOpen(*block, true)) return nullptr;
     return Place(*block, room, size, kind);
 }
 
@@ -155,9 +168,11 @@ Verdict ReleaseGuarded(void* address, Kind kind) {
     if (block->pages == nullptr || block->begin != address) return Verdict::ReleasedBefore;
     if (block->kind != kind) return Verdict::OtherKind;
     const bool isIntact = IsFrontIntact(*block);
-    Free(*block);
+    IsInArena(block->pages) ? FreeSlot(*block) : FreeLarge(*block);
     return isIntact ? Verdict::Right : Verdict::WrittenInFront;
 }
+
+void CloseReleasesAgain() { releasesToClose = kClosedReleases; }
 
 std::string WhereIs(const void* address) {
     const Block* block = Find(address);

@@ -112,6 +112,17 @@ TEST(GuardedMemory, WhatWasReleasedIsUnreadableForLong) {
     EXPECT_EQ(trap.Take(), block);
 }
 
+TEST(GuardedMemory, ManyReleasesAreFilledAndStillGuarded) {
+    for (int i = 0; i < 40000; ++i) ReleaseGuarded(Take(7), Kind::Array);
+    unsigned char* block = Take(7);
+    ReleaseGuarded(block, Kind::Array);
+    Trap trap;
+    EXPECT_EQ(std::string(block, block + 7), std::string(7, '\xDD'));
+    EXPECT_EQ(trap.Take(), nullptr);
+    Read(block + 7);
+    EXPECT_EQ(trap.Take(), block + 7);
+}
+
 TEST(GuardedMemory, AReleaseKnowsItsBlock) {
     unsigned char* block = Take(7);
     EXPECT_EQ(ReleaseGuarded(block + 1, Kind::Array), Verdict::ReleasedBefore);

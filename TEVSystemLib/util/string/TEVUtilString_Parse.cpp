@@ -26,8 +26,11 @@ bool ScanInt(std::string_view text, int& value) {
 template <typename T>
 bool Extract(std::string_view text, T& value) {
     const bool isClassic = std::locale() == std::locale::classic();
-    if (!isClassic || !detail::ReadLeadingInteger(text, value))
-        std::istringstream(std::string(text)) >> value;
+    if (isClassic && detail::ReadLeadingInteger(text, value)) return true;
+    std::istringstream stream{std::string(text)};
+    // A stream keeps exhausted memory to itself, too, unless asked.
+    stream.exceptions(std::ios::badbit);
+    stream >> value;
     return true;
 }
 

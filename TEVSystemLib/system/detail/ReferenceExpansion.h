@@ -13,4 +13,7 @@ using NameLookup = std::function<const std::string*(const std::string& name)>;
 // expanded again. Unknown names and a lone "%" stay as they are.
 std::string ExpandReferences(std::string_view text, const NameLookup& lookup);
 
+// Whether a text holds a reference, known or not.
+bool HasReference(std::string_view text);
+
 }  // namespace TAMO::TEV::System::detail

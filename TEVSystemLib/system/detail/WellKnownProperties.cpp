@@ -16,13 +16,7 @@ namespace {
 
 using Util::detail::EqualsIgnoringCase;
 
-enum class Kind { Switch, Level, LoggerList, Mode, FreeText };
-
-struct WellKnownProperty {
-    const char* key;
-    Kind kind;
-    const char* defaultValue;
-};
+using Kind = PropertyKind;
 
 const WellKnownProperty* WellKnownTable() {
     using Key = TEVSysCnst::PropertyKey;
@@ -43,12 +37,6 @@ const WellKnownProperty* WellKnownTable() {
          Default::CORVID_ENABLE_CSMXFORM},
         {nullptr, Kind::FreeText, nullptr}};
     return table;
-}
-
-const WellKnownProperty* FindWellKnown(std::string_view key) {
-    const WellKnownProperty* row = WellKnownTable();
-    while (row->key != nullptr && !EqualsIgnoringCase(row->key, key)) ++row;
-    return row->key == nullptr ? nullptr : row;
 }
 
 template <std::size_t N>
@@ -80,6 +68,12 @@ bool IsMode(std::string_view value) {
 }
 
 }  // namespace
+
+const WellKnownProperty* FindWellKnown(std::string_view key) {
+    const WellKnownProperty* row = WellKnownTable();
+    while (row->key != nullptr && !EqualsIgnoringCase(row->key, key)) ++row;
+    return row->key == nullptr ? nullptr : row;
+}
 
 std::optional<bool> SwitchValue(std::string_view word) {
     if (IsOneOf(word, std::array{TEVSysCnst::STR_ON, TEVSysCnst::STR_TRUE, "YES", "1"}))

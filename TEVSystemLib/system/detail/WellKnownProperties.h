@@ -5,6 +5,17 @@
 
 namespace TAMO::TEV::System::detail {
 
+enum class PropertyKind { Switch, Level, LoggerList, Mode, FreeText };
+
+struct WellKnownProperty {
+    const char* key;
+    PropertyKind kind;
+    const char* defaultValue;
+};
+
+// The row of a well-known key, in any letter case; null for any other key. It has static storage.
+const WellKnownProperty* FindWellKnown(std::string_view key);
+
 // The boolean that a switch word stands for, in any letter case; nothing for any other text.
 std::optional<bool> SwitchValue(std::string_view word);
 

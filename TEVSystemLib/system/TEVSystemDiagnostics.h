@@ -67,51 +67,6 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::string value;
     };
 
-    enum class Kind : int { Other, Switch, Level, LoggerList, Mode, FreeText };
-
-    struct Explanation {
-        std::string key;
-        // What a lookup answers.
-        Source answer;
-        // The answer before well-known keys are put right, and its references in their order.
-        std::string expanded;
-        std::vector<Reference> references;
-        // Whether putting right has changed it.
-        bool isCorrected = false;
-        // What gives way to the answer, earlier lines of a file included.
-        std::vector<Source> losers;
-        // Of a well-known key.
-        Kind kind = Kind::Other;
-        std::string defaultValue;
-        // What this process's store answers, if it has been made; it differs from `answer` when
-        // files or environment have changed since, or a user property was set.
-        bool isStoreMade = false;
-        Source held;
-    };
-
-    // What a lookup of a key would answer. A null key counts as empty.
-    static bool ExplainProperty(const char* key, Explanation& explanation);
-    // The same for every key that is in a table, sorted.
-    static bool ExplainProperties(std::vector<Explanation>& explanations);
-
-    enum class Severity : int { Note, Warning };
-
-    struct Finding {
-        Place place;
-        Severity severity = Severity::Warning;
-        std::string id;   // "duplicate-key": for programs
-        std::string key;  // empty for a line without one
-        std::string message;
-    };
-
-    enum class FileRole : int { ByName, System, User };
-
-    // What is odd in a properties file, in the order of its lines. ByName takes every file for a
-    // system file whose name is not that of user files. The path is UTF-8. The other file, for
-    // references, is the one that the store finds. False also when the file cannot be read.
-    static bool CheckPropertiesFile(const char* path, FileRole role,
-                                    std::vector<Finding>& findings);
-
     enum class Outcome : int {
         Changed,
         Unchanged,  // it is so already
@@ -131,6 +86,56 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::optional<std::string> before;
         std::optional<std::string> after;
     };
+
+    enum class Kind : int { Other, Switch, Level, LoggerList, Mode, FreeText };
+
+    // What putting a well-known key right has done to its value.
+    enum class Correction : int { None, Rewritten, DefaultTaken };
+
+    struct Explanation {
+        std::string key;
+        // What a lookup answers.
+        Source answer;
+        // The answer before well-known keys are put right, and its references in their order.
+        std::string expanded;
+        std::vector<Reference> references;
+        Correction correction = Correction::None;
+        // What gives way to the answer, earlier lines of a file included.
+        std::vector<Source> losers;
+        // The directives that have changed the variable of that name.
+        std::vector<DirectiveStep> directives;
+        // Of a well-known key.
+        Kind kind = Kind::Other;
+        std::string defaultValue;
+        // What this process's store answers, if it has been made; it differs from `answer` when
+        // files or environment have changed since, or a user property was set.
+        bool isStoreMade = false;
+        Source held;
+    };
+
+    // What a lookup of a key would answer. A null key counts as empty.
+    static bool ExplainProperty(const char* key, Explanation& explanation);
+    // The same for every key that is in a table, sorted.
+    static bool ExplainProperties(std::vector<Explanation>& explanations);
+
+    enum class Severity : int { Note, Warning };
+
+    struct Finding {
+        Place place;
+        Severity severity = Severity::Warning;
+        std::string id;     // "duplicate-key": for programs
+        std::string key;    // empty for a line without one
+        std::string value;  // what the message quotes of a value, as it stands there
+        std::string message;
+    };
+
+    enum class FileRole : int { ByName, System, User };
+
+    // What is odd in a properties file, in the order of its lines. ByName takes every file for a
+    // system file whose name is not that of user files. The path is UTF-8. The other file, for
+    // references, is the one that the store finds. False also when the file cannot be read.
+    static bool CheckPropertiesFile(const char* path, FileRole role,
+                                    std::vector<Finding>& findings);
 
     // What loading the store would do to the environment, in the order of execution.
     static bool PlanEnvironmentDirectives(std::vector<DirectiveStep>& steps);

@@ -56,9 +56,10 @@ class Linter {
     }
 
  private:
-    void Add(std::size_t line, const char* id, const std::string& key, std::string message,
-             Severity severity = Severity::Warning) {
-        found_.push_back({{file_.path, line}, severity, id, key, std::move(message)});
+    Diagnostics::Finding& Add(std::size_t line, const char* id, const std::string& key,
+                              std::string message) {
+        return found_.emplace_back(Diagnostics::Finding{
+            {file_.path, line}, Severity::Warning, id, key, {}, std::move(message)});
     }
 
     void CheckBytes() {
@@ -72,10 +73,12 @@ class Linter {
     void CheckLine(const FileLine& line) {
         if (line.fault != LineFault::None) return AddDropped(line);
         const FileLine& counting = *LineOf(file_, line.key);
-        if (&counting != &line)
-            return Add(line.number, "duplicate-key", line.key,
-                       Quoted(line.key) + " is written again in line " +
-                           std::to_string(counting.number) + ", which counts");
+        if (&counting != &line) {
+            Add(line.number, "duplicate-key", line.key,
+                Quoted(line.key) + " is written again in line " + std::to_string(counting.number) +
+                    ", which counts");
+            return;
+        }
         if (IsNoted(file_.place, line.key)) return AddNoted(line);
         CheckKey(line);
         CheckReferences(line);
@@ -115,9 +118,11 @@ class Linter {
                     "directives count in the system file only; here it does nothing");
             return;
         }
-        if (const WellKnownProperty* row = FindWellKnown(key); row != nullptr && key != row->key)
-            return Add(line.number, "key-case", key,
-                       "no lookup of " + Quoted(row->key) + " finds this key: case counts");
+        if (const WellKnownProperty* row = FindWellKnown(key); row != nullptr && key != row->key) {
+            Add(line.number, "key-case", key,
+                "no lookup of " + Quoted(row->key) + " finds this key: case counts");
+            return;
+        }
         if (!StartsWith(key, "tev.") || IsKnownKey(key)) return;
         const char* nearest = NearestKnownKey(key);
         Add(line.number, "unknown-key", key,
@@ -153,17 +158,20 @@ class Linter {
         const auto corrected = CorrectedValue(line.key, value);
         if (!corrected || *corrected == value) return;
         const WellKnownProperty& row = *FindWellKnown(line.key);
-        const bool isSwitch = row.kind == PropertyKind::Switch && SwitchValue(value).has_value();
-        if (isSwitch && table_ == Table::System) {
+        const bool isValid = IsValid(row.kind, value);
+        const bool isSystem = table_ == Table::System;
+        if (isValid && !isSystem) return;
+        if (isValid) {
             Add(line.number, "rewritten", line.key,
-                Quoted(value) + " reads back as " + Quoted(*corrected), Severity::Note);
-        } else if (!isSwitch) {
-            Add(line.number, table_ == Table::System ? "default-taken" : "not-put-right", line.key,
+                Quoted(value) + " reads back as " + Quoted(*corrected))
+                .severity = Severity::Note;
+        } else {
+            Add(line.number, isSystem ? "default-taken" : "not-put-right", line.key,
                 Quoted(value) + " is no " + NameOf(row.kind) +
-                    (table_ == Table::System
-                         ? "; the default " + Quoted(*corrected) + " is taken"
-                         : "; a user value is not put right, and wins as it is"));
+                    (isSystem ? "; the default " + Quoted(*corrected) + " is taken"
+                              : "; a user value is not put right, and wins as it is"));
         }
+        found_.back().value = value;
     }
 
     void CheckDirectives() {
@@ -174,7 +182,8 @@ class Linter {
             std::string message = "the directive is ignored: " + step.reason;
             if (!step.variable.empty()) message += " (" + step.variable + ')';
             Add(step.place.line, isKnown ? "ignored-directive" : "unknown-directive", step.key,
-                std::move(message));
+                std::move(message))
+                .value = step.value;
         }
     }
 

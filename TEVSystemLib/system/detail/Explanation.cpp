@@ -4,6 +4,7 @@
 
 #include "TEVSystemLib/system/detail/ConfigurationModel.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
 
 namespace TAMO::TEV::System::detail {
 
@@ -59,12 +60,27 @@ void AddVariable(const ConfigurationModel& model, Diagnostics::Explanation& expl
     }
 }
 
+Diagnostics::Correction CorrectionOf(const std::string& key, const std::string& expanded,
+                                     const std::string& value) {
+    if (expanded == value) return Diagnostics::Correction::None;
+    const bool isValid = IsValid(FindWellKnown(key)->kind, expanded);
+    return isValid ? Diagnostics::Correction::Rewritten : Diagnostics::Correction::DefaultTaken;
+}
+
 void Answer(const ConfigurationModel& model, Table table, Diagnostics::Explanation& explanation) {
     const std::string& key = explanation.key;
     explanation.answer = SourceIn(model, table, key);
     explanation.expanded = model.Expanded(table).at(key);
     explanation.references = model.ReferencesOf(table, key);
-    explanation.isCorrected = explanation.expanded != explanation.answer.value;
+    explanation.correction = CorrectionOf(key, explanation.expanded, explanation.answer.value);
+}
+
+void AddDirectives(const ConfigurationModel& model, Diagnostics::Explanation& explanation) {
+    for (const Diagnostics::DirectiveStep& step : model.Steps()) {
+        if (step.outcome == Diagnostics::Outcome::Changed &&
+            Util::detail::EqualsIgnoringCase(step.variable, explanation.key))
+            explanation.directives.push_back(step);
+    }
 }
 
 void AddWellKnown(Diagnostics::Explanation& explanation) {
@@ -105,6 +121,7 @@ Diagnostics::Explanation Explain(const ConfigurationModel& model, const std::str
     }
     for (const Table table : kTables) AddOverwrittenLines(model, table, key, explanation.losers);
     AddVariable(model, explanation);
+    AddDirectives(model, explanation);
     AddWellKnown(explanation);
     return explanation;
 }

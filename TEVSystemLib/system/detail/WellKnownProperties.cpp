@@ -83,31 +83,29 @@ std::optional<bool> SwitchValue(std::string_view word) {
     return std::nullopt;
 }
 
-std::optional<std::string_view> CorrectedValue(std::string_view key, std::string_view value) {
-    const WellKnownProperty* row = FindWellKnown(key);
-    if (row == nullptr) return std::nullopt;
-    bool isValid = true;
-    switch (row->kind) {
+bool IsValid(PropertyKind kind, std::string_view value) {
+    switch (kind) {
         case Kind::Switch:
-            if (const auto on = SwitchValue(value))
-                return *on ? TEVSysCnst::STR_TRUE : TEVSysCnst::STR_FALSE;
-            isValid = false;
-            break;
+            return SwitchValue(value).has_value();
         case Kind::Level:
-            isValid = IsLevel(value);
-            break;
+            return IsLevel(value);
         case Kind::LoggerList:
-            isValid = IsLoggerList(value);
-            break;
+            return IsLoggerList(value);
         case Kind::Mode:
-            isValid = IsMode(value);
-            break;
+            return IsMode(value);
         case Kind::FreeText:
             break;
     }
+    return true;
+}
+
+std::optional<std::string_view> CorrectedValue(std::string_view key, std::string_view value) {
+    const WellKnownProperty* row = FindWellKnown(key);
+    if (row == nullptr) return std::nullopt;
     // KEEP: a default is put in as it is spelt, though a valid switch becomes "true" or "false".
-    if (isValid) return std::nullopt;
-    return row->defaultValue;
+    if (!IsValid(row->kind, value)) return row->defaultValue;
+    if (row->kind != Kind::Switch) return std::nullopt;
+    return *SwitchValue(value) ? TEVSysCnst::STR_TRUE : TEVSysCnst::STR_FALSE;
 }
 
 }  // namespace TAMO::TEV::System::detail

@@ -19,6 +19,9 @@ const WellKnownProperty* FindWellKnown(std::string_view key);
 // The boolean that a switch word stands for, in any letter case; nothing for any other text.
 std::optional<bool> SwitchValue(std::string_view word);
 
+// Whether a value is right for that kind.
+bool IsValid(PropertyKind kind, std::string_view value);
+
 // The value that a property must have for its well-known key (in any letter case): a switch in
 // canonical form, a valid value as it stands, the key's default for an invalid one. Nothing when
 // the key is not well known or the value may stay. The result has static storage.

@@ -11,7 +11,7 @@ namespace {
 
 OwnedWideText FromUtf8(const std::string& path) {
     wchar_t* wide = nullptr;
-    TEVUtilString::ConvertFromMultiByteCharToWChar(path.c_str(), &wide);
+    TEVUtilString::ConvertFromMultiByteCharToWChar(path.c_str(), path.size(), &wide, nullptr);
     return OwnedWideText(wide);
 }
 

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 
 #include "TEVSystemLib/util/string/detail/SignificantFigures.h"
 #include "fuzz/Fuzz.h"
@@ -29,7 +30,7 @@ void CheckRounding(const std::string& number, unsigned figures) {
 }
 
 std::optional<int> ExponentModel(const std::string& text) {
-    constexpr unsigned long long kHighest = 9999;
+    constexpr unsigned long long kHighest = std::numeric_limits<int>::max();
     const std::size_t marker = text.find_last_of("eE");
     if (marker == std::string::npos) return std::nullopt;
     const std::string power = text.substr(marker + 1);
@@ -37,8 +38,6 @@ std::optional<int> ExponentModel(const std::string& text) {
     if (!isSigned || power.size() < 3) return std::nullopt;
     const std::size_t last = power.find_first_not_of("0123456789", 1);
     if (last != std::string::npos) return std::nullopt;
-    const std::size_t first = std::min(power.find_first_not_of('0', 1), power.size());
-    if (power.size() - first > 4) return std::nullopt;
     const auto magnitude = std::strtoull(power.c_str() + 1, nullptr, 10);
     if (magnitude > kHighest) return std::nullopt;
     return static_cast<int>(power[0] == '-' ? ~magnitude : magnitude);

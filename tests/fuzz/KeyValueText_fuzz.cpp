@@ -37,7 +37,11 @@ Half ValueModel(const std::string& whole) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string pair(reinterpret_cast<const char*>(data), size);
     const tev::fuzz::Exact exact(pair);
-    ExpectSame(Copied(KeyOf(exact.View())), KeyModel(pair), "key");
-    ExpectSame(Copied(ValueOf(exact.View())), ValueModel(pair), "value");
+    const auto key = KeyOf(exact.View());
+    const auto value = ValueOf(exact.View());
+    ExpectSame(Copied(key), KeyModel(pair), "key");
+    ExpectSame(Copied(value), ValueModel(pair), "value");
+    tev::fuzz::Expect(exact.Holds(key.value_or(exact.View())), "the key points into the pair");
+    tev::fuzz::Expect(exact.Holds(value.value_or(exact.View())), "the value points into the pair");
     return 0;
 }

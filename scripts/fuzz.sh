@@ -26,8 +26,9 @@ verb_fuzz() {
 fuzz_one() {
     local found=$fuzz_build/corpus/$1
     mkdir -p "$found"
-    "$fuzz_build/bin/fuzz_$1" -max_total_time="$2" -max_len="$fuzz_max_input" -timeout=10 \
-        -print_final_stats=1 -artifact_prefix="$fuzz_build/findings/$1-" \
+    # A minute, since a busy machine may let a process wait for seconds.
+    "$fuzz_build/bin/fuzz_$1" -max_total_time="$2" -max_len="$fuzz_max_input" -timeout=60 \
+        -report_slow_units=60 -print_final_stats=1 -artifact_prefix="$fuzz_build/findings/$1-" \
         "$found" "$root/tests/fuzz/corpus/$1" >"$fuzz_build/logs/$1" 2>&1 &&
         echo passed >>"$fuzz_build/logs/$1"
 }
@@ -36,19 +37,28 @@ export root fuzz_build fuzz_max_input
 
 # fuzz_report TARGET...: executions, and how to see again what was found.
 fuzz_report() {
-    local target log runs total=0 failed=0 input
+    local target log runs total=0 failed=0
     for target in "$@"; do
         log=$fuzz_build/logs/$target
-        runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log" 2>/dev/null)
+        [ -e "$log" ] || echo "did not run" >"$log"
+        runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
         total=$((total + ${runs:-0}))
         printf '%-22s %12d executions\n' "$target" "${runs:-0}"
-        [ "$(tail -n 1 "$log" 2>/dev/null)" = passed ] && [ "${runs:-0}" -gt 0 ] && continue
+        [ "$(tail -n 1 "$log")" = passed ] && [ "${runs:-0}" -gt 0 ] && continue
         failed=$((failed + 1))
-        input=$(sed -n 's/.*Test unit written to //p' "$log" | tail -n 1)
-        printf 'FOUND by %s; see %s\n' "$target" "$log"
-        [ -z "$input" ] || printf '  input:  %s\n  replay: %s\n' "$input" \
-            "$fuzz_build/bin/fuzz_$target $input"
+        fuzz_finding "$target" "$log"
     done
-    printf '%-22s %12d executions, %d targets found something\n' total "$total" "$failed"
+    printf '%-22s %12d executions, %d targets failed\n' total "$total" "$failed"
     [ "$failed" -eq 0 ]
+}
+
+fuzz_finding() {
+    local input
+    input=$(sed -n 's/.*Test unit written to //p' "$2" | tail -n 1)
+    if [ -z "$input" ]; then
+        printf 'STOPPED %s before its end; see %s\n' "$1" "$2"
+        return
+    fi
+    printf 'FOUND by %s; see %s\n' "$1" "$2"
+    printf '  input:  %s\n  replay: %s\n' "$input" "$fuzz_build/bin/fuzz_$1 $input"
 }

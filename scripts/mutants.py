@@ -1,6 +1,7 @@
 """The small changes that a test must notice, found in the text of a C++ source."""
 
 import re
+from collections import Counter
 from dataclasses import dataclass
 from itertools import accumulate
 
@@ -33,6 +34,8 @@ EXPRESSION = re.compile(
     r"(?:\w+(?:::|\.|->))*\w+(?:\[[^;]*\])?(?:\(| [-+|]?= |\+\+|--)"
     r"|(?:\+\+|--)\w|(?:break|continue);"
 )
+# A capacity is no behaviour.
+UNSEEN = re.compile(r"\w+\.reserve\([^;]*;")
 
 
 @dataclass(frozen=True)
@@ -69,7 +72,10 @@ class Source:
         self.depths = [0, *accumulate(opened)]
 
     def changes(self):
+        unseen = [match.span() for match in UNSEEN.finditer(self.text)]
         for index, token in enumerate(self.tokens):
+            if any(start <= token.start < end for start, end in unseen):
+                continue
             for text in self.replacements(index, token):
                 yield token.start, token.end, text
             if token.text in ("if", "while"):
@@ -184,11 +190,13 @@ def lines_around(text, start, end):
 
 
 def mutants(file, text):
+    """All of a file; of those that read alike, each is marked with its number."""
+    met = Counter()
     for start, end, new in Source(text).changes():
         first, last = lines_around(text, start, end)
-        before = text[first:last]
-        after = text[first:start] + new + text[end:last]
-        yield Mutant(
-            file, text.count("\n", 0, start) + 1, start, end, new,
-            " ".join(before.split()), " ".join(after.split()),
-        )
+        before = " ".join(text[first:last].split())
+        after = " ".join((text[first:start] + new + text[end:last]).split())
+        met[before, after] += 1
+        if met[before, after] > 1:
+            after += f"  (number {met[before, after]})"
+        yield Mutant(file, text.count("\n", 0, start) + 1, start, end, new, before, after)

@@ -54,6 +54,7 @@ TEST(Base64Decode, GroupEdges) {
         {"Zm9v\nYmFy", "foo"},
         {"Zm9\nv", "fo"},
         {"Zm9v\0YmFy"sv, "foo"},
+        {"\nZm9v", ""},
         {"AAAA", "\0\0\0"sv},
         {"////", "\xFF\xFF\xFF"},
     };

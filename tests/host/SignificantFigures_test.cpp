@@ -176,10 +176,10 @@ TEST(ExponentOf, Table) {
         std::string_view text;
         std::string_view expected;
     } rows[] = {
-        {"2.e-02", "-2"},     {"1.e+00", "+0"},    {"5.e-00", "-0"},   {"1.234e+17", "+17"},
-        {"1.e+308", "+308"},  {"1.E-09", "-9"},    {"", "(none)"},     {"2.5", "(none)"},
-        {"2.e02", "(none)"},  {"2.e-2", "(none)"}, {"2.e+", "(none)"}, {"2.e", "(none)"},
-        {"2.e+1x", "(none)"},
+        {"2.e-02", "-2"},     {"1.e+00", "+0"},     {"5.e-00", "-0"},   {"1.234e+17", "+17"},
+        {"1.e+308", "+308"},  {"1.E-09", "-9"},     {"", "(none)"},     {"2.5", "(none)"},
+        {"2.e02", "(none)"},  {"2.e-2", "(none)"},  {"2.e+", "(none)"}, {"2.e", "(none)"},
+        {"2.e+1x", "(none)"}, {"2.e+01e-07", "-7"},
     };
     for (const auto& row : rows) EXPECT_EQ(ExponentIn(row.text), row.expected) << row.text;
 }
@@ -210,6 +210,10 @@ TEST(FiguresWorthShowing, OneAtLeast) {
 TEST(FiguresWorthShowing, OneBelowOneBesideAnUncertaintyAboveOne) {
     EXPECT_EQ(Worth(0.123456, "0.123456", 20.0, {false, 1}), 1);
     EXPECT_EQ(Worth(0.123456, "0.123456", 1e18, {false, 18}), 1);
+}
+
+TEST(FiguresWorthShowing, AnUncertaintyOfOneIsNotAboveOne) {
+    EXPECT_EQ(Worth(0.25, "0.25", 1.0, {false, 2}), 2);
 }
 
 TEST(FiguresWorthShowing, ExponentIsAddedWhateverItsSignForAValueOfOne_Kept) {

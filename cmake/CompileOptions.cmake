@@ -18,7 +18,8 @@ if(TEV_SANITIZE OR TEV_FUZZ)
         -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tev_options INTERFACE -fsanitize=address,undefined)
     # An index beyond a view is an error even where the memory behind it is someone's.
-    target_compile_definitions(tev_options INTERFACE _GLIBCXX_ASSERTIONS)
+    target_compile_definitions(tev_options INTERFACE _GLIBCXX_ASSERTIONS
+        TEV_ADDRESS_SANITIZER)
 endif()
 if(TEV_FUZZ)
     target_compile_options(tev_options INTERFACE -fsanitize=fuzzer-no-link)

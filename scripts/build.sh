@@ -54,6 +54,15 @@ verb_run() {
     WINEPATH="$product/bin" exec "$root/scripts/wine.sh" "$program" "$@"
 }
 
+verb_mutate() {
+    local count=${1:-400}
+    [ $# -le 1 ] && [[ $count =~ ^[1-9][0-9]*$ ]] || die "usage: ./tev mutate [COUNT]"
+    need_packages "${packages_mutate[@]}"
+    build mutation test_pure
+    say "testing the tests: up to $count mutants of the platform-free code"
+    python3 "$root/scripts/mutate.py" "$root/build/mutation" "$count"
+}
+
 verb_test() {
     no_arguments $#
     need_packages "${packages_check[@]}"

@@ -76,19 +76,21 @@ verb_test() {
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
 }
 
-# run_tests PRESET: adds to passed and failed, in tests of a GoogleTest program and in whole checks.
+# run_tests PRESET [CTEST_CHOICE...]: adds to passed and failed, in tests of a GoogleTest program and
+# in whole checks.
 run_tests() {
     local preset=$1 dir=$root/build/$1 report lost
+    shift
     rm -rf "$dir/reports" "$dir/Testing"
     say "testing ($preset)"
     local broke=0 before=$failed
-    (cd "$root" && ctest --preset "$preset") || broke=1
+    (cd "$root" && ctest --preset "$preset" "$@") || broke=1
     local results=$dir/Testing/Temporary/LastTestsFailed.log checks=0 broken=0
-    checks=$(cd "$dir" && ctest -N -L check | sed -n 's/^Total Tests: //p')
+    checks=$(cd "$dir" && ctest -N -L check "$@" | sed -n 's/^Total Tests: //p')
     local programs
-    programs=$(cd "$dir" && ctest -N -L gtest | sed -n 's/^Total Tests: //p')
+    programs=$(cd "$dir" && ctest -N -L gtest "$@" | sed -n 's/^Total Tests: //p')
     if [ -e "$results" ]; then
-        broken=$(cd "$dir" && ctest -N -L check | sed -n 's/.*Test *#[0-9]*: //p' |
+        broken=$(cd "$dir" && ctest -N -L check "$@" | sed -n 's/.*Test *#[0-9]*: //p' |
             grep -cxFf <(sed 's/^[0-9]*://' "$results") || true)
     fi
     passed=$((passed + checks - broken))

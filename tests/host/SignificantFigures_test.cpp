@@ -196,6 +196,7 @@ TEST(ExponentOf, Table) {
         {"2.e+2147483650", "(none)"},
         {"2.e-99999999999", "(none)"},
         {"2.e+01e-07", "-7"},
+        {"2.e012", "(none)"},
     };
     for (const auto& row : rows) EXPECT_EQ(ExponentIn(row.text), row.expected) << row.text;
 }

@@ -74,7 +74,7 @@ std::optional<Figures> AnalyseFigures(std::string_view number) {
 std::optional<std::string> RoundToFigures(std::string number, int figures) {
     if (number.find('.') == kNone) number += '.';
     const auto analysed = AnalyseFigures(number);
-    if (!analysed || !analysed->hasDigits || figures < 1) return std::nullopt;
+    if (!analysed || figures < 1) return std::nullopt;
     if (analysed->count < figures)
         number.append(static_cast<std::size_t>(figures - analysed->count), '0');
 

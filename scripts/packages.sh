@@ -3,6 +3,7 @@
 packages_build=(g++-mingw-w64-x86-64-posix wine64 cmake ninja-build libcli11-dev googletest ccache)
 packages_gdal=(dpkg-dev sqlite3 tcl g++ make)
 packages_check=(clang-format-14 clang-tidy-14 git g++)
+packages_bench=(libboost-dev libfmt-dev libfast-float-dev libsimpleini-dev python3-matplotlib)
 
 # need_packages NAME...: no output and no root needed when all are there.
 need_packages() {

@@ -6,8 +6,8 @@ bench_results=$root/build/bench
 bench_jobs() { (cd "$root/bench" && ls ./*_bench.cpp | sed 's#^\./##; s#_bench\.cpp$##'); }
 
 # Random interleaving spreads the machine's changes of speed over all rows of a job.
-bench_full=(--benchmark_repetitions=20 --benchmark_min_time=0.05)
-bench_quick=(--benchmark_repetitions=5 --benchmark_min_time=0.02 --quick)
+bench_full=(--benchmark_repetitions=20)
+bench_quick=(--benchmark_repetitions=5 --quick)
 
 need_bench() {
     need_packages "${packages_bench[@]}"
@@ -38,7 +38,7 @@ verb_bench() {
         case $1 in
             --quick) options=("${bench_quick[@]}") whole='' ;;
             --document) only_document=yes ;;
-            --filter=*) options+=("--benchmark_filter=${1#*=}") whole='' ;;
+            --filter=*) options+=("$1") whole='' ;;
             -*) die "unknown option: $1; see ./tev help" ;;
             *)
                 [ -f "$root/bench/$1_bench.cpp" ] ||

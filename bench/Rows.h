@@ -103,6 +103,12 @@ class Work {
           expect_(std::move(expect)),
           input_(std::make_shared<std::unique_ptr<const Input>>()) {}
 
+    // What must be done before each loop, since other rows may have undone it.
+    Work& Before(std::function<void(const Input&)> before) {
+        before_ = std::move(before);
+        return *this;
+    }
+
     template <typename Way>
     const Work& Ours(Way way) const {
         return Add<true>("ours", "", way);
@@ -131,8 +137,9 @@ class Work {
             if (!IsRight(way)) Refuse(name);
         }
         if (!*input_) *input_ = std::make_unique<const Input>(make_());
-        const auto loop = [input = input_, way](benchmark::State& state) {
+        const auto loop = [input = input_, before = before_, way](benchmark::State& state) {
             const Input& given = **input;
+            before(given);
             for (auto step : state) {
                 static_cast<void>(step);
                 way(given, Timed());
@@ -141,6 +148,7 @@ class Work {
         const auto turns = [input = input_, way](std::int64_t count) {
             for (std::int64_t i = 0; i < count; ++i) way(**input, Timed());
         };
+        before_(**input_);
         Register(name, label, loop, turns);
         return *this;
     }
@@ -150,6 +158,7 @@ class Work {
     bool IsRight(const Way& way) const {
         const Input input = make_();
         const Expected expected = expect_(input);
+        before_(input);
         Progress progress;
         way(input, Checked<Expected>{&expected, &progress});
         return progress.same && progress.count == Count(expected);
@@ -159,6 +168,7 @@ class Work {
     std::int64_t size_;
     Make make_;
     Expect expect_;
+    std::function<void(const Input&)> before_ = [](const Input&) {};
     std::shared_ptr<std::unique_ptr<const Input>> input_;
 };
 

@@ -43,6 +43,13 @@ std::int64_t TurnsOfRepetition(const std::function<void(std::int64_t)>& turns) {
     }
 }
 
+auto Labelled(const std::function<void(benchmark::State&)>& loop, const std::string& label) {
+    return [loop, label](benchmark::State& state) {
+        loop(state);
+        state.SetLabel(label);
+    };
+}
+
 // Takes out what is ours; the rest is for the benchmark library.
 bool TakeWish(std::string_view argument) {
     constexpr std::string_view kFilter = "--filter=";
@@ -79,13 +86,17 @@ void Register(const std::string& name, const std::string& label,
               const std::function<void(benchmark::State&)>& loop,
               const std::function<void(std::int64_t)>& turns) {
     if (wishes.onlyCheck) return;
-    const auto run = [loop, label](benchmark::State& state) {
-        loop(state);
-        state.SetLabel(label);
-    };
-    benchmark::RegisterBenchmark(name.c_str(), run)
+    benchmark::RegisterBenchmark(name.c_str(), Labelled(loop, label))
         ->UseRealTime()
         ->Iterations(TurnsOfRepetition(turns));
+}
+
+void RegisterOnce(const std::string& name, const std::string& label,
+                  const std::function<void(benchmark::State&)>& loop) {
+    if (wishes.onlyCheck || !IsWanted(name, 0)) return;
+    benchmark::RegisterBenchmark(name.c_str(), Labelled(loop, label))
+        ->UseManualTime()
+        ->Iterations(1);
 }
 
 void Refuse(const std::string& name) {

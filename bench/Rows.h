@@ -26,6 +26,10 @@ void Register(const std::string& name, const std::string& label,
               const std::function<void(benchmark::State&)>& loop,
               const std::function<void(std::int64_t)>& turns);
 
+// Registers a row of one turn a repetition, whose loop tells its time itself.
+void RegisterOnce(const std::string& name, const std::string& label,
+                  const std::function<void(benchmark::State&)>& loop);
+
 // Ends the program: the row does not do its work.
 [[noreturn]] void Refuse(const std::string& name);
 

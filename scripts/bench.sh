@@ -32,6 +32,15 @@ measure() {
     mv "$file.part" "$file" || die "bench_$job left no result; see $bench_results/$job.log"
 }
 
+# document: docs/performance.md from the last results of all jobs.
+document() {
+    local dll=$bench_build/bin/TEVSystemLib.dll
+    [ -f "$dll" ] || die "nothing has been measured yet; run ./tev bench"
+    need_packages "${packages_bench[@]}"
+    python3 "$root/bench/document.py" "$bench_results" "$dll" "$bench_build/bin/bench_empty.dll" \
+        "$triplet-objdump"
+}
+
 verb_bench() {
     local jobs=() files=() options=("${bench_full[@]}") whole=yes only_document='' job
     while [ $# -gt 0 ]; do
@@ -56,5 +65,5 @@ verb_bench() {
         for job in "${jobs[@]}"; do files+=("$bench_results/$job.json"); done
         python3 "$root/bench/show.py" "${files[@]}"
     fi
-    [ -z "$whole$only_document" ] || python3 "$root/bench/document.py" "$bench_results"
+    [ -z "$whole$only_document" ] || document
 }

@@ -21,7 +21,7 @@ struct Wishes {
     bool isQuick = false;
     bool onlyCheck = false;
     Seconds repetition{0.05};
-    std::regex filter;
+    std::regex filter{""};
 } wishes;
 
 Seconds FastestTrial(const std::function<void(std::int64_t)>& turns, std::int64_t count) {

@@ -15,6 +15,7 @@ from measurements import HERE, BadMeasurement, median, number, read_goals, read_
 ROOT = HERE.parent
 DOCUMENT = ROOT / "docs" / "performance.md"
 PICTURES = ROOT / "docs" / "performance"
+FEWEST_REPETITIONS = 15
 INTRODUCTION = """\
 # Performance
 
@@ -81,7 +82,7 @@ def imports(objdump, dll):
     text = subprocess.run([objdump, "-p", dll], check=True, capture_output=True, text=True).stdout
     tables = text.partition("The Import Tables")[2].partition("The Export Tables")[0]
     return (len(re.findall(r"DLL Name:", tables)),
-            len(re.findall(r"^\s+[0-9a-f]+\s+(?:<none>|\d+)\s+\S+", tables, flags=re.M)))
+            len(re.findall(r"^\t[0-9a-f]+\t", tables, flags=re.M)))
 
 
 def memory(results):
@@ -128,10 +129,13 @@ def main(results, dll, empty, objdump):
     for goal in goals.keys() - measured:
         raise BadMeasurement(f"{' '.join(map(str, goal))} has a goal and was not measured; "
                              "run ./tev bench without options")
-    PICTURES.mkdir(exist_ok=True)
     rows = [row for rows in jobs.values() for row in rows]
+    repetitions = min(len(row.ours) for row in rows)
+    if repetitions < FEWEST_REPETITIONS:
+        raise BadMeasurement("a result is of a quick run; run ./tev bench without options")
+    PICTURES.mkdir(exist_ok=True)
     text = INTRODUCTION.format(version=version(), date=datetime.date.today().isoformat(),
-                               repetitions=min(len(row.ours) for row in rows), summary=summary(rows))
+                               repetitions=repetitions, summary=summary(rows))
     for job, rows in jobs.items():
         text += section(job, rows, notes)
         if job == "start":

@@ -103,7 +103,7 @@ void AddDirectives(const char* work, std::size_t count, std::size_t variables) {
 void RegisterRows() {
     for (const std::size_t count : {10U, 100U, 1000U, 10000U})
         AddDirectives("directives", count, 8);
-    for (const std::size_t count : {10U, 100U, 1000U, 3000U})
+    for (const std::size_t count : {10U, 50U, 250U, 1000U})
         AddDirectives("directives-variables", count, count);
     for (const std::size_t count : {100U, 1000U, 10000U, 100000U})
         Start("references", count, [count] { return References(count); });

@@ -2,6 +2,8 @@
 
 bench_build=$root/build/mingw-bench
 bench_results=$root/build/bench
+# The one that sees the packages of Debian.
+bench_python=/usr/bin/python3
 
 bench_jobs() { (cd "$root/bench" && ls ./*_bench.cpp | sed 's#^\./##; s#_bench\.cpp$##'); }
 
@@ -37,7 +39,7 @@ document() {
     local dll=$bench_build/bin/TEVSystemLib.dll
     [ -f "$dll" ] || die "nothing has been measured yet; run ./tev bench"
     need_packages "${packages_bench[@]}"
-    python3 "$root/bench/document.py" "$bench_results" "$dll" "$bench_build/bin/bench_empty.dll" \
+    "$bench_python" "$root/bench/document.py" "$bench_results" "$dll" "$bench_build/bin/bench_empty.dll" \
         "$triplet-objdump"
 }
 
@@ -63,7 +65,7 @@ verb_bench() {
         build mingw-bench "${jobs[@]/#/bench_}"
         for job in "${jobs[@]}"; do measure "$job" "${options[@]}"; done
         for job in "${jobs[@]}"; do files+=("$bench_results/$job.json"); done
-        python3 "$root/bench/show.py" "${files[@]}"
+        "$bench_python" "$root/bench/show.py" "${files[@]}"
     fi
     [ -z "$whole$only_document" ] || document
 }

@@ -38,7 +38,10 @@ void Add(const char* way, const char* label, const std::string& dll, const std::
         }
         state.counters["bytes"] = cost.bytes;
     };
-    RegisterOnce(std::string("load-and-look-up/0/") + way, label, loop);
+    const std::string name = std::string("load-and-look-up/0/") + way;
+    Cost once;
+    if (!Measure(dll, function, once)) Refuse(name);
+    RegisterOnce(name, label, loop);
 }
 
 }  // namespace

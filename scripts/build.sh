@@ -18,7 +18,7 @@ build() {
     shift
     [ $# -eq 0 ] || target=(--target "$@")
     mkdir -p "$root/build"
-    export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+    export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_DEPEND=1
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
     say "building ($preset)"
     (cd "$root" && cmake --preset "$preset" && cmake --build --preset "$preset" "${target[@]}") \

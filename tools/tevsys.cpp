@@ -78,7 +78,8 @@ ExitCode Set(const std::string& key, const std::string& value) {
     if (!TEVSystemProperties::SetUserProperty(key.c_str(), value.c_str()) ||
         !TEVSystemProperties::SaveUserProperties())
         return Fail(kFailed, "could not write " + file->second +
-                                 "; make it writable, free some disk space and set again");
+                                 "; make it writable or free some disk space, see which of its "
+                                 "lines are left, and set again");
     return kDone;
 }
 

@@ -31,6 +31,8 @@ bool TEVSystemProperties::SaveUserProperties() try {
     // KEEP: the search accepts only a folder that holds the file, so saving never creates one.
     const std::string folder = detail::FindUserFolder();
     if (folder.empty() || table.empty()) return false;
+    // KEEP: the old content goes before the new text is made and written, and the count of the one
+    // write decides: what fails on closing is not seen.
     Util::TEVIO file(folder + TEVSysCnst::PropertyKey::TEV_USER_PROPERTIES_FILE_NAME,
                      Util::TEVIO::Write);
     if (!file) return false;

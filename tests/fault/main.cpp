@@ -7,13 +7,16 @@
 
 #include "fault/Allocator.h"
 #include "fault/GuardedMemory.h"
+#include "fault/Ledger.h"
 
 namespace {
 
-// Fails a test that leaves an allocation behind or releases one wrongly.
+// Fails a test that leaves an allocation or something of the system's behind, or releases one
+// wrongly.
 class BalanceListener : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override {
         tev::fault::CloseReleasesAgain();
+        loansBefore_ = tev::fault::CountLoans();
         before_ = tev::fault::Now();
     }
 
@@ -24,9 +27,18 @@ class BalanceListener : public testing::EmptyTestEventListener {
         const bool mayRunOut = std::string_view(test.name()) == "ManyEntries";
         EXPECT_TRUE(mayRunOut || after.unguarded == before_.unguarded) << "blocks without a guard";
         EXPECT_EQ(after.wrong - before_.wrong, 0) << "wrong releases";
+        ExpectNoLoans(tev::fault::CountLoans());
+    }
+
+    void ExpectNoLoans(const tev::fault::Loans& after) const {
+        for (std::size_t i = 0; i < after.live.size(); ++i)
+            EXPECT_EQ(after.live[i] - loansBefore_.live[i], 0)
+                << tev::fault::Loans::kNames[i] << " left behind";
+        EXPECT_EQ(after.wrong - loansBefore_.wrong, 0) << "wrong returns to the system";
     }
 
     tev::fault::Counters before_;
+    tev::fault::Loans loansBefore_;
 };
 
 // A trap ends the program, which then leaves no report; this tells what was touched.

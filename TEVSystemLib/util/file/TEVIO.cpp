@@ -50,6 +50,7 @@ TEVIO::~TEVIO() = default;
 bool TEVIO::open(std::string const& path, OpenType type) try {
     if (isOpen() && state_->path == path) {
         // KEEP: the mode of the first open stays, whatever is asked for now: asking again rewinds.
+        // The answer says that the file is open, not that it was rewound.
         VSIFSeekL(state_->file, 0, SEEK_SET);
         return true;
     }
@@ -97,6 +98,7 @@ std::uint64_t TEVIO::tell() const { return isOpen() ? VSIFTellL(state_->file) : 
 std::uint64_t TEVIO::fileSize() const {
     if (!isOpen()) return 0;
     const vsi_l_offset position = VSIFTellL(state_->file);
+    // KEEP: what GDAL answers is taken as it stands, so a seek that it refuses gives the position.
     VSIFSeekL(state_->file, 0, SEEK_END);
     const vsi_l_offset size = VSIFTellL(state_->file);
     VSIFSeekL(state_->file, position, SEEK_SET);

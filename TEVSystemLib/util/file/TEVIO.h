@@ -28,24 +28,27 @@ class TEVSYSTEMLIB_API TEVIO {
     TEVIO& operator=(const TEVIO&) = delete;
 
     // True when the file is open afterwards. The path that is already open is only rewound,
-    // WHATEVER `type` now says; another path closes the file first. A value that is no OpenType
-    // opens nothing.
+    // WHATEVER `type` now says, and true also when it could not be rewound; another path closes the
+    // file first. A value that is no OpenType opens nothing.
     bool open(std::string const& path, OpenType type);
     bool open(char const* path, OpenType type);
     bool isOpen() const;
     operator bool() const;
 
-    // Reads at the current position; the result is the number of bytes read.
+    // Reads at the current position; the result is the number of bytes read, fewer than `size` at
+    // the end of the file and on a fault.
     std::uint64_t read(void* buffer, std::uint64_t size);
-    // Reads `size` bytes at `offset`: all of them or false.
+    // Reads `size` bytes at `offset`: all of them, or false with the buffer's content undefined.
     bool read(void* buffer, std::uint64_t offset, std::uint64_t size) const;
-    // The number of bytes written.
+    // The number of bytes written, fewer than `size` when the disk is full.
     std::uint64_t write(void const* buffer, std::uint64_t size);
     // `whence` is SEEK_SET, SEEK_CUR or SEEK_END.
     bool seek(std::uint64_t offset, int whence);
+    // The current position; 0 when closed, GDAL's own answer when it cannot tell.
     std::uint64_t tell() const;
 
-    // The size in bytes; 0 when closed. The position is kept.
+    // The size in bytes; 0 when closed. The position is kept. It is measured by seeking to the end:
+    // when GDAL refuses that, the result is the position.
     std::uint64_t fileSize() const;
     // The size in bytes of the file at `path`; 0 on failure.
     static std::uint64_t fileSize(char const* path);

@@ -37,7 +37,8 @@ class TEVSYSTEMLIB_API TEVUtilFile {
     // TEVUtilString::DeleteCStringArray. `directory` and `extension` are UTF-8, the results are
     // in the C locale. Outputs are untouched when the extension is shorter than two characters
     // or ends with ".", or the folder does not exist. Null and 0 when nothing matches and on
-    // failure, also when the C locale lacks a character of one name.
+    // failure, also when the C locale lacks a character of one name; an error of the system in
+    // the middle only ends the list.
     static void GetFilesInDirWithGivenExt(char**& files, const char* const directory,
                                           const char* const extension, std::size_t& count);
 

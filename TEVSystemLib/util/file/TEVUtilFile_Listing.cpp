@@ -37,6 +37,7 @@ std::vector<std::wstring> List(const std::string& folder, const std::string& ext
     std::vector<std::wstring> paths;
     WIN32_FIND_DATAW entry;
     const detail::Handle<SearchTraits> search(FindFirstFileW(pattern.c_str(), &entry));
+    // KEEP: an error in the middle ends the list as its end does; what was found until then counts.
     for (bool found{search}; found; found = FindNextFileW(search.get(), &entry) == TRUE) {
         if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
             paths.push_back(wideFolder + entry.cFileName);

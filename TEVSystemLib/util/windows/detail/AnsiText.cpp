@@ -16,24 +16,31 @@ int CountOf(std::size_t size) {
     return static_cast<int>(size);
 }
 
+void Require(bool isConverted) {
+    if (!isConverted) throw std::runtime_error("text does not convert");
+}
+
 }  // namespace
 
 std::wstring FromAnsi(std::string_view text) {
+    if (text.empty()) return {};
     const int count = CountOf(text.size());
     const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), count, nullptr, 0);
-    if (size == 0 && count != 0) throw std::runtime_error("text does not convert");
+    Require(size > 0);
     std::wstring wide(static_cast<std::size_t>(size), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text.data(), count, wide.data(), size);
+    Require(MultiByteToWideChar(CP_ACP, 0, text.data(), count, wide.data(), size) == size);
     return wide;
 }
 
 std::string ToAnsi(std::wstring_view text) {
+    if (text.empty()) return {};
     const int count = CountOf(text.size());
     const int size =
         WideCharToMultiByte(CP_ACP, 0, text.data(), count, nullptr, 0, nullptr, nullptr);
-    if (size == 0 && count != 0) throw std::runtime_error("text does not convert");
+    Require(size > 0);
     std::string narrow(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), count, narrow.data(), size, nullptr, nullptr);
+    Require(WideCharToMultiByte(CP_ACP, 0, text.data(), count, narrow.data(), size, nullptr,
+                                nullptr) == size);
     return narrow;
 }
 

@@ -4,7 +4,8 @@
 #include <string_view>
 
 // Text between the process's ANSI code page and UTF-16; the only place where it is converted. What
-// the other side lacks comes out as the system's replacement character.
+// the other side lacks comes out as the system's replacement character. Both throw when the system
+// refuses to convert, or writes less or more than it has announced.
 namespace TAMO::TEV::System::Util::detail {
 
 std::wstring FromAnsi(std::string_view text);

@@ -10,11 +10,23 @@ else()
         -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
 endif()
 if(TEV_COVERAGE)
-    target_compile_options(tev_options INTERFACE --coverage -O0)
+    # Only the library counts itself (TEVSystemLib/CMakeLists.txt); what links it needs the runtime.
     target_link_options(tev_options INTERFACE --coverage)
 endif()
-if(TEV_SANITIZE)
-    target_compile_options(tev_options INTERFACE -fsanitize=address,undefined
+# "address,undefined" and "thread" report; "trap" stops a program where the compiler has no runtime
+# for reports.
+if(TEV_SANITIZE STREQUAL "trap")
+    target_compile_options(tev_options INTERFACE
+        -fsanitize=undefined -fsanitize-undefined-trap-on-error)
+elseif(TEV_SANITIZE)
+    target_compile_options(tev_options INTERFACE -fsanitize=${TEV_SANITIZE}
         -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(tev_options INTERFACE -fsanitize=address,undefined)
+    target_link_options(tev_options INTERFACE -fsanitize=${TEV_SANITIZE})
+endif()
+if(TEV_SANITIZE MATCHES "address")
+    # An index beyond a view is an error even where the memory behind it is someone's.
+    target_compile_definitions(tev_options INTERFACE _GLIBCXX_ASSERTIONS TEV_ADDRESS_SANITIZER)
+endif()
+if(TEV_FUZZ)
+    target_compile_options(tev_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()

@@ -18,7 +18,7 @@ build() {
     shift
     [ $# -eq 0 ] || target=(--target "$@")
     mkdir -p "$root/build"
-    export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+    export CCACHE_DIR=$cache/ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1 CCACHE_DEPEND=1
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
     say "building ($preset)"
     (cd "$root" && cmake --preset "$preset" && cmake --build --preset "$preset" "${target[@]}") \
@@ -54,32 +54,73 @@ verb_run() {
     WINEPATH="$product/bin" exec "$root/scripts/wine.sh" "$program" "$@"
 }
 
+verb_mutate() {
+    local count=${1:-400}
+    [ $# -le 1 ] && [[ $count =~ ^[1-9][0-9]*$ ]] || die "usage: ./tev mutate [COUNT]"
+    need_packages "${packages_mutate[@]}"
+    build mutation test_pure
+    say "testing the tests: up to $count mutants of the platform-free code"
+    python3 "$root/scripts/mutate.py" "$root/build/mutation" "$count" | keep_number mutate Mutations
+}
+
 verb_test() {
-    no_arguments $#
+    [ $# -eq 0 ] || [ "$*" = --all ] || die "usage: ./tev test [--all]"
+    if [ $# -eq 0 ]; then test_quickly; else test_all; fi
+}
+
+test_quickly() {
     need_packages "${packages_check[@]}"
     need_all
-    build mingw-release
-    build host
-    local preset failed=0 passed=0
-    for preset in mingw-release host; do run_tests "$preset"; done
-    say "tests: the product under Wine, the platform-free code natively"
+    test_presets "the product under Wine, the platform-free code natively" mingw-release host |
+        keep_number test Tests
+}
+
+# Everything: random comparisons fifty times as long, each instruction level, and the other verbs.
+test_all() {
+    (
+        export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
+        test_quickly
+    )
+    need_packages "${packages_check[@]}"
+    need_all
+    test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
+        keep_number levels 'Instruction levels'
+    verb_sanitize
+    verb_coverage
+    verb_fuzz 1800
+    verb_mutate
+    write_numbers
+}
+
+# test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.
+test_presets() {
+    local what=$1 preset failed=0 passed=0 choice=()
+    shift
+    for preset in "$@"; do build "$preset"; done
+    for preset in "$@"; do
+        case $preset in mingw-portable | mingw-ssse3) choice=(-L gtest) ;; *) choice=() ;; esac
+        run_tests "$preset" "${choice[@]}"
+    done
+    say "tests: $what"
     printf '%d passed, %d failed\n' "$passed" "$failed"
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
 }
 
-# run_tests PRESET: adds to passed and failed, in tests of a GoogleTest program and in whole checks.
+# run_tests PRESET [CTEST_CHOICE...]: adds to passed and failed, in tests of a GoogleTest program and
+# in whole checks.
 run_tests() {
     local preset=$1 dir=$root/build/$1 report lost
+    shift
     rm -rf "$dir/reports" "$dir/Testing"
     say "testing ($preset)"
     local broke=0 before=$failed
-    (cd "$root" && ctest --preset "$preset") || broke=1
+    (cd "$root" && ctest --preset "$preset" "$@") || broke=1
     local results=$dir/Testing/Temporary/LastTestsFailed.log checks=0 broken=0
-    checks=$(cd "$dir" && ctest -N -L check | sed -n 's/^Total Tests: //p')
+    checks=$(cd "$dir" && ctest -N -L check "$@" | sed -n 's/^Total Tests: //p')
     local programs
-    programs=$(cd "$dir" && ctest -N -L gtest | sed -n 's/^Total Tests: //p')
+    programs=$(cd "$dir" && ctest -N -L gtest "$@" | sed -n 's/^Total Tests: //p')
     if [ -e "$results" ]; then
-        broken=$(cd "$dir" && ctest -N -L check | sed -n 's/.*Test *#[0-9]*: //p' |
+        broken=$(cd "$dir" && ctest -N -L check "$@" | sed -n 's/.*Test *#[0-9]*: //p' |
             grep -cxFf <(sed 's/^[0-9]*://' "$results") || true)
     fi
     passed=$((passed + checks - broken))

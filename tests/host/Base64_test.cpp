@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "Base64Texts.h"
+#include "support/Base64Texts.h"
 
 namespace {
 
@@ -57,6 +57,7 @@ TEST(Base64Decode, GroupEdges) {
         {"Zm9v\nYmFy", "foo"},
         {"Zm9\nv", "fo"},
         {"Zm9v\0YmFy"sv, "foo"},
+        {"\nZm9v", ""},
         {"AAAA", "\0\0\0"sv},
         {"////", "\xFF\xFF\xFF"},
     };

@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "models/BitModel.h"
+
 namespace {
 
 using namespace std::string_literals;
@@ -21,36 +23,14 @@ using TAMO::TEV::System::Util::detail::BitsOf;
 using TAMO::TEV::System::Util::detail::SignedFromBits;
 using TAMO::TEV::System::Util::detail::SwapBytes;
 using TAMO::TEV::System::Util::detail::UnsignedFromBytes;
-
-__extension__ typedef __int128 Wide;
+using tev::test::BinaryText;
+using tev::test::Signed;
+using tev::test::Unsigned;
 
 constexpr unsigned kSeed = 20240611;
 constexpr int kBuffers = 100;
 constexpr std::size_t kMaxBytes = 8;
 constexpr std::size_t kBitsPerByte = 8;
-
-// The bits of a buffer as characters, the most significant first.
-std::string BinaryText(std::string_view bytes) {
-    std::string bits;
-    for (const char byte : bytes)
-        for (int bit = 7; bit >= 0; --bit)
-            bits += (static_cast<unsigned char>(byte) >> bit & 1) != 0 ? '1' : '0';
-    return bits;
-}
-
-Wide Unsigned(std::string_view bits) {
-    Wide number = 0;
-    for (const char bit : bits) number = 2 * number + (bit - '0');
-    return number;
-}
-
-// Two's complement: the first half of the numbers stand for themselves, the others for what they
-// are above the whole range.
-Wide Signed(std::string_view bits) {
-    const Wide range = Wide{1} << bits.size();
-    const Wide number = Unsigned(bits);
-    return number < range / 2 ? number : number - range;
-}
 
 std::string RandomBytes(std::mt19937& engine, std::size_t size) {
     std::string bytes(size, '\0');

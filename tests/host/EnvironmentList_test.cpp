@@ -114,9 +114,9 @@ TEST(SplitEnvironmentEntry, DriveCsFolder_Kept) {
 }
 
 TEST(SplitEnvironmentEntry, NothingWithoutNameOrValue) {
-    for (const char* entry :
-         {"", " ", "A", "A=", "=A", "==", "NAME=", "NAME= ", " NAME=\t ", "no separator",
-          "===", "=value", "=D:=D:\\Work", "=C:=D:\\Work", "=C:", "=ExitCode=00000001", "  A=  "})
+    for (const char* entry : {"", " ", "A", "A=", "=A", "==", "NAME=", "NAME= ", " NAME=\t ",
+                              "no separator", "===", "=value", "=D:=D:\\Work", "=C:=D:\\Work",
+                              "=C:=CD", "=C:", "=ExitCode=00000001", "  A=  "})
         EXPECT_FALSE(SplitEnvironmentEntry(entry).has_value()) << entry;
 }
 

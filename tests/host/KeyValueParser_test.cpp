@@ -3,19 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
+
+#include "models/KeyValueModel.h"
 
 namespace {
 
 using namespace std::string_literals;
 using namespace TAMO::TEV::System::Util::detail;
 
-using Pairs = std::vector<std::pair<std::string, std::string>>;
+using tev::test::KeyValueModel;
+using Pairs = KeyValueModel::Pairs;
 
 Pairs Parse(std::string_view text, KeyValueSyntax syntax) {
     KeyValueParser parser(text, syntax);
@@ -23,63 +23,6 @@ Pairs Parse(std::string_view text, KeyValueSyntax syntax) {
     while (const auto pair = parser.Next()) pairs.emplace_back(pair->key, pair->value);
     return pairs;
 }
-
-// A slow model of the syntax: what happens to which byte in which state, row by row, and the four
-// positions that a pair is made of.
-class Model {
- public:
-    explicit Model(bool blankSeparated) : blankSeparated_(blankSeparated) {}
-
-    Pairs Run(const std::string& text) {
-        const std::string terminated = text + '\0';
-        for (std::size_t here = 0; here < terminated.size(); ++here)
-            state_ = Step(terminated, terminated[here], here);
-        return pairs_;
-    }
-
- private:
-    enum State { kLineStart, kComment, kKey, kAfterKey, kValue };
-
-    State Step(const std::string& text, char byte, std::size_t here) {
-        const bool lineFeed = byte == '\n';
-        const bool innerBlank = byte == '\t' || byte == '\r' || byte == ' ';
-        const bool lineBlank = innerBlank || lineFeed;
-        if (state_ == kLineStart && byte == '#') return kComment;
-        if (state_ == kLineStart && lineBlank) return kLineStart;
-        if (state_ == kLineStart && byte == '=') return kComment;
-        if (state_ == kLineStart) return keyStart_ = keyEnd_ = here, kKey;
-        if (state_ == kComment && lineFeed) return Reset();
-        if (state_ == kComment) return kComment;
-        if (state_ == kKey && innerBlank && blankSeparated_) return kAfterKey;
-        if (state_ == kKey && innerBlank && !blankSeparated_) return kKey;
-        if (state_ == kKey && byte == '=' && !blankSeparated_) return kAfterKey;
-        if (state_ == kKey && lineFeed) return Reset();
-        if (state_ == kKey) return keyEnd_ = here, kKey;
-        if (state_ == kAfterKey && innerBlank) return kAfterKey;
-        if (state_ == kAfterKey && lineFeed) return Reset();
-        if (state_ == kAfterKey) return valueStart_ = valueEnd_ = here, kValue;
-        if (state_ == kValue && (lineFeed || byte == '\0')) {
-            pairs_.emplace_back(text.substr(keyStart_, keyEnd_ - keyStart_ + 1),
-                                text.substr(valueStart_, valueEnd_ - valueStart_ + 1));
-            return Reset();
-        }
-        if (state_ == kValue && innerBlank) return kValue;
-        return valueEnd_ = here, kValue;
-    }
-
-    State Reset() {
-        keyStart_ = keyEnd_ = valueStart_ = valueEnd_ = 0;
-        return kLineStart;
-    }
-
-    bool blankSeparated_;
-    State state_ = kLineStart;
-    std::size_t keyStart_ = 0;
-    std::size_t keyEnd_ = 0;
-    std::size_t valueStart_ = 0;
-    std::size_t valueEnd_ = 0;
-    Pairs pairs_;
-};
 
 TEST(KeyValueParser, PairsInTheOrderOfTheLines) {
     EXPECT_EQ(Parse("b = 1\n# c = 2\n\na=2 # note\nb=3", KeyValueSyntax::EqualSeparated),
@@ -143,7 +86,7 @@ TEST(KeyValueParser, AgreesWithTheModelOnRandomBytes) {
         for (const bool blankSeparated : {false, true}) {
             const auto syntax =
                 blankSeparated ? KeyValueSyntax::BlankSeparated : KeyValueSyntax::EqualSeparated;
-            const Pairs expected = Model(blankSeparated).Run(text);
+            const Pairs expected = KeyValueModel(blankSeparated).Run(text);
             ASSERT_EQ(Parse(text, syntax), expected)
                 << "text " << i << ": " << testing::PrintToString(text);
             pairs += expected.size();

@@ -37,6 +37,7 @@ TEST(KeyOf, AndValueOfDifferOnlyInWhatTheyRefuse_Kept) {
         {"   k=", std::nullopt, ""},
         {" k=v", "k", "v"},
         {" \t\v k=v", "k", "v"},
+        {" k=v ", "k", "v "},
         // Only a plain space starts that trimming.
         {"\tk=v", "\tk", "v"},
         // Blanks at the key's end go, those of the value stay.

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "models/NumberModel.h"
+
 namespace TAMO::TEV::System::Util::detail {
 
 void PrintTo(IntegerText text, std::ostream* out) {
@@ -25,6 +27,8 @@ using TAMO::TEV::System::Util::detail::IntegerText;
 using TAMO::TEV::System::Util::detail::MayBeReal;
 using TAMO::TEV::System::Util::detail::Sign;
 using TAMO::TEV::System::Util::detail::SplitIndices;
+using tev::test::IntegerShape;
+using tev::test::LooksReal;
 
 // Calls `visit` with every text of at most `longest` characters of the alphabet.
 template <typename Visitor>
@@ -124,25 +128,14 @@ TEST(ClassifyInteger, OnlyTenBytesAreDigits) {
     }
 }
 
-// The rule told as a shape: a sign or none, then digits of which one place may hold a point.
-IntegerText Shape(std::string_view text, std::string_view signs) {
-    if (text.empty()) return IntegerText::Invalid;
-    if (signs.find(text[0]) != std::string_view::npos) text.remove_prefix(1);
-    const std::size_t point = text.find('.');
-    std::string digits(text.substr(0, point));
-    if (point != std::string_view::npos) digits += text.substr(point + 1);
-    if (digits.find_first_not_of("0123456789") != std::string::npos) return IntegerText::Invalid;
-    return point == 0 ? IntegerText::Zero : IntegerText::Digits;
-}
-
 TEST(ClassifyInteger, EveryShortTextFollowsTheShape) {
     std::size_t accepted = 0;
     ForEachText("05.+-e \x80", 6, [&](const std::string& text) {
-        const IntegerText expected = Shape(text, "+-");
+        const IntegerText expected = IntegerShape(text, "+-");
         accepted += expected != IntegerText::Invalid ? 1 : 0;
         ASSERT_EQ(ClassifyInteger(text, Sign::PlusOrMinus), expected)
             << testing::PrintToString(text);
-        ASSERT_EQ(ClassifyInteger(text, Sign::PlusOnly), Shape(text, "+"))
+        ASSERT_EQ(ClassifyInteger(text, Sign::PlusOnly), IntegerShape(text, "+"))
             << testing::PrintToString(text);
     });
     EXPECT_GT(accepted, 500U);
@@ -245,6 +238,16 @@ TEST(MayBeReal, OnlyFifteenBytesAreNumberCharacters) {
         EXPECT_EQ(MayBeReal(std::string("1e") + c), (plain || sign) && c != 'e' && c != 'E')
             << byte;
     }
+}
+
+TEST(MayBeReal, EveryShortTextAgreesWithTheModel) {
+    std::size_t accepted = 0;
+    ForEachText("05.+-eE \x80", 6, [&](const std::string& text) {
+        const bool expected = LooksReal(text);
+        accepted += expected ? 1 : 0;
+        ASSERT_EQ(MayBeReal(text), expected) << testing::PrintToString(text);
+    });
+    EXPECT_GT(accepted, 500U);
 }
 
 TEST(SplitIndices, Table) {

@@ -44,6 +44,7 @@ TEST(ExpandReferences, PutsTheValuesOfKnownNamesIn) {
         {"%%a%", "%%a%"},
         {"%%%a%", "%%1"},
         {"%unknown%x", "%unknown%x"},
+        {"abc%unknown%defghi", "abc%unknown%defghi"},
         {"%unknown%a%", "%unknown%a%"},
         {"%unknown%%a%", "%unknown%1"},
         {"%A%", "%A%"},

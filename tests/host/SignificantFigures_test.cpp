@@ -75,6 +75,7 @@ const Row kRows[] = {
     {"123.456", 2, "120.", "1.2e+02"},
     {"123", 2, "120.", "1.2e+02"},
     {"123", 3, "123.", "1.23e+02"},
+    {"00120", 1, "00100.", "1.e+02"},
     {"5", 3, "5.00", "5.00e+00"},
     {"0.5", 4, "0.5000", "5.000e-01"},
     {"1449", 2, "1400.", "1.4e+03"},
@@ -176,10 +177,26 @@ TEST(ExponentOf, Table) {
         std::string_view text;
         std::string_view expected;
     } rows[] = {
-        {"2.e-02", "-2"},     {"1.e+00", "+0"},    {"5.e-00", "-0"},   {"1.234e+17", "+17"},
-        {"1.e+308", "+308"},  {"1.E-09", "-9"},    {"", "(none)"},     {"2.5", "(none)"},
-        {"2.e02", "(none)"},  {"2.e-2", "(none)"}, {"2.e+", "(none)"}, {"2.e", "(none)"},
+        {"2.e-02", "-2"},
+        {"1.e+00", "+0"},
+        {"5.e-00", "-0"},
+        {"1.234e+17", "+17"},
+        {"1.e+308", "+308"},
+        {"1.E-09", "-9"},
+        {"", "(none)"},
+        {"2.5", "(none)"},
+        {"2.e02", "(none)"},
+        {"2.e-2", "(none)"},
+        {"2.e+", "(none)"},
+        {"2.e", "(none)"},
         {"2.e+1x", "(none)"},
+        {"2.e+2147483647", "+2147483647"},
+        {"2.e-02147483647", "-2147483647"},
+        {"2.e+2147483648", "(none)"},
+        {"2.e+2147483650", "(none)"},
+        {"2.e-99999999999", "(none)"},
+        {"2.e+01e-07", "-7"},
+        {"2.e012", "(none)"},
     };
     for (const auto& row : rows) EXPECT_EQ(ExponentIn(row.text), row.expected) << row.text;
 }
@@ -212,6 +229,10 @@ TEST(FiguresWorthShowing, OneBelowOneBesideAnUncertaintyAboveOne) {
     EXPECT_EQ(Worth(0.123456, "0.123456", 1e18, {false, 18}), 1);
 }
 
+TEST(FiguresWorthShowing, AnUncertaintyOfOneIsNotAboveOne) {
+    EXPECT_EQ(Worth(0.25, "0.25", 1.0, {false, 2}), 2);
+}
+
 TEST(FiguresWorthShowing, ExponentIsAddedWhateverItsSignForAValueOfOne_Kept) {
     EXPECT_EQ(Worth(1.0, "1.00", 0.01, {true, 2}), 4);
     EXPECT_EQ(Worth(1.0, "1.00", 100.0, {false, 2}), 4);
@@ -223,12 +244,22 @@ TEST(WithoutIdlePoint, Table) {
         const char* text;
         const char* expected;
     } rows[] = {
-        {"123.", "123"},          {"-5.", "-5"},
-        {"5.e+02", "5e+02"},      {"-5.e+02", "-5e+02"},
-        {"5.E+02", "5E+02"},      {"1.5e+02", "1.5e+02"},
-        {"-1.5e+02", "-1.5e+02"}, {"0.02", "0.02"},
-        {"1.0", "1.0"},           {"123", "123"},
-        {"123.e+02", "123.e+02"}, {"", ""},
+        {"123.", "123"},
+        {"-5.", "-5"},
+        {"5.e+02", "5e+02"},
+        {"-5.e+02", "-5e+02"},
+        {"5.E+02", "5E+02"},
+        {"1.5e+02", "1.5e+02"},
+        {"-1.5e+02", "-1.5e+02"},
+        {"0.02", "0.02"},
+        {"1.0", "1.0"},
+        {"123", "123"},
+        {"123.e+02", "123.e+02"},
+        {"", ""},
+        {"5.", "5"},
+        {".", "."},
+        {"5.e", "5e"},
+        {"-5.e", "-5e"},
     };
     for (const auto& row : rows) EXPECT_EQ(WithoutIdlePoint(row.text), row.expected) << row.text;
 }

@@ -107,7 +107,8 @@ TEST(Utf8, MixedTextsComeBack) {
             const std::string ascii(engine() % 50, 'x');
             text += ascii;
             units.append(ascii.begin(), ascii.end());
-            const std::uint32_t character = (engine() % 0x110000) >> engine() % 21;
+            const auto character =
+                static_cast<std::uint32_t>((engine() % 0x110000) >> engine() % 21);
             if (IsSurrogate(character)) continue;
             text += Spread(character, ShortestSize(character));
             units += UnitsOf(character);

@@ -191,6 +191,7 @@ class Recorder : public TEVSystemObject {
         Record("=");
         return *this;
     }
+    static void* operator new(std::size_t size) { return ::operator new(size); }
     static void operator delete(void* memory) {
         ++deletions;
         ::operator delete(memory);

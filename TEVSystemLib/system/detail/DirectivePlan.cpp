@@ -96,6 +96,22 @@ DirectiveEntry Examine(const std::string& key, std::string_view text,
 
 enum ListOperation : int { kAdd = 0, kRemove = 1 };
 
+// An entry that fails, because memory is exhausted, costs no other.
+void Append(std::vector<Directive>& plan, const std::string& key, std::string_view text,
+            const FolderTest& folderExists) noexcept try {
+    if (!KindOf(key)) return;
+    DirectiveEntry entry = Examine(key, text, folderExists);
+    if (entry.flaw == Flaw::None) plan.push_back(std::move(entry.directive));
+} catch (...) {
+    return;
+}
+
+template <typename Entry, typename Kind>
+void SortForExecution(std::vector<Entry>& entries, Kind kind) {
+    std::stable_sort(entries.begin(), entries.end(),
+                     [kind](const Entry& a, const Entry& b) { return kind(a) < kind(b); });
+}
+
 }  // namespace
 
 std::vector<DirectiveEntry> ExamineDirectives(const std::map<std::string, std::string>& properties,
@@ -105,19 +121,15 @@ std::vector<DirectiveEntry> ExamineDirectives(const std::map<std::string, std::s
     for (auto at = properties.lower_bound(std::string(kFamily));
          at != properties.end() && StartsWith(at->first, kFamily); ++at)
         entries.push_back(Examine(at->first, at->second, folderExists));
-    std::stable_sort(entries.begin(), entries.end(),
-                     [](const DirectiveEntry& a, const DirectiveEntry& b) {
-                         return a.directive.kind < b.directive.kind;
-                     });
+    SortForExecution(entries, [](const DirectiveEntry& entry) { return entry.directive.kind; });
     return entries;
 }
 
 std::vector<Directive> PlanDirectives(const std::map<std::string, std::string>& properties,
                                       const FolderTest& folderExists) {
     std::vector<Directive> plan;
-    for (DirectiveEntry& entry : ExamineDirectives(properties, folderExists)) {
-        if (entry.flaw == Flaw::None) plan.push_back(std::move(entry.directive));
-    }
+    for (const auto& [key, text] : properties) Append(plan, key, text, folderExists);
+    SortForExecution(plan, [](const Directive& directive) { return directive.kind; });
     return plan;
 }
 

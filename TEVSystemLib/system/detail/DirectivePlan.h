@@ -51,7 +51,7 @@ struct DirectiveEntry {
 std::vector<DirectiveEntry> ExamineDirectives(const std::map<std::string, std::string>& properties,
                                               const FolderTest& folderExists);
 
-// Those without a flaw.
+// Those without a flaw, and without those that do not fit into memory.
 std::vector<Directive> PlanDirectives(const std::map<std::string, std::string>& properties,
                                       const FolderTest& folderExists);
 

@@ -10,7 +10,8 @@ namespace TAMO::TEV::System::detail {
 using NameLookup = std::function<const std::string*(const std::string& name)>;
 
 // Replaces every %NAME% that `lookup` knows, once from left to right: a value put in is not
-// expanded again. Unknown names and a lone "%" stay as they are.
+// expanded again. Unknown names and a lone "%" stay as they are. So the result is at most as long
+// as the text and, for every two "%" in it, the longest value.
 std::string ExpandReferences(std::string_view text, const NameLookup& lookup);
 
 // Whether a text holds a reference, known or not.

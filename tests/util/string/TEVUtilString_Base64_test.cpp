@@ -7,15 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include "models/Base64Model.h"
 #include "support/Owned.h"
 
 using TAMO::TEV::System::Util::TEVUtilString;
+using tev::test::Base64Model;
+using tev::test::kBase64Alphabet;
 using tev::test::Text;
 
 namespace {
-
-constexpr std::string_view kAlphabet =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 const unsigned char* Bytes(const std::string& text) {
     return reinterpret_cast<const unsigned char*>(text.data());
@@ -33,19 +33,6 @@ std::string Decode(const std::string& text) {
     std::size_t length = 0;
     if (!TEVUtilString::Base64Decode(text.c_str(), decoded.Out(), length)) return "(refused)";
     return decoded.IsNull() ? "(null)" : std::string(decoded.get(), length);
-}
-
-// The encoding told again on a text of binary digits.
-std::string Model(const std::string& bytes) {
-    std::string digits;
-    for (const char c : bytes)
-        for (int bit = 7; bit >= 0; --bit) digits += ((c >> bit) & 1) != 0 ? '1' : '0';
-    while (digits.size() % 6 != 0) digits += '0';
-    std::string text;
-    for (std::size_t i = 0; i < digits.size(); i += 6)
-        text += kAlphabet[std::stoul(digits.substr(i, 6), nullptr, 2)];
-    while (text.size() % 4 != 0) text += '=';
-    return text;
 }
 
 std::string RandomBytes(std::mt19937& engine, std::size_t size) {
@@ -89,14 +76,14 @@ TEST(Base64Encode, EveryCharacterOfTheAlphabet) {
         bytes += static_cast<char>(group >> 8 & 0xFF);
         bytes += static_cast<char>(group & 0xFF);
     }
-    EXPECT_EQ(Encode(bytes), kAlphabet);
-    EXPECT_EQ(Decode(std::string(kAlphabet)), bytes);
+    EXPECT_EQ(Encode(bytes), kBase64Alphabet);
+    EXPECT_EQ(Decode(std::string(kBase64Alphabet)), bytes);
 }
 
 TEST(Base64Encode, NoLineBreaks) {
     const std::string encoded = Encode(std::string(3000, 'a'));
     EXPECT_EQ(encoded.size(), 4000U);
-    EXPECT_EQ(encoded.find_first_not_of(kAlphabet), std::string::npos);
+    EXPECT_EQ(encoded.find_first_not_of(kBase64Alphabet), std::string::npos);
 }
 
 TEST(Base64Encode, NothingToEncodeLeavesTheOutputUntouched) {
@@ -126,7 +113,7 @@ TEST(Base64Encode, RandomBytesAgreeWithModelAndComeBack) {
     for (std::size_t size = 1; size <= 300; ++size) {
         const std::string bytes = RandomBytes(engine, size);
         const std::string encoded = Encode(bytes);
-        ASSERT_EQ(encoded, Model(bytes)) << size;
+        ASSERT_EQ(encoded, Base64Model(bytes)) << size;
         ASSERT_EQ(Decode(encoded), bytes) << size;
     }
 }
@@ -135,7 +122,7 @@ TEST(Base64Encode, MegabyteAgreesWithModelAndComesBack) {
     std::mt19937 engine(7);
     const std::string bytes = RandomBytes(engine, 1024 * 1024 + 1);
     const std::string encoded = Encode(bytes);
-    EXPECT_TRUE(encoded == Model(bytes));
+    EXPECT_TRUE(encoded == Base64Model(bytes));
     EXPECT_TRUE(Decode(encoded) == bytes);
 }
 
@@ -195,7 +182,7 @@ TEST(Base64Decode, LenientInput) {
 TEST(Base64Decode, EveryByteOutsideTheAlphabetEndsTheInput_Kept) {
     for (int byte = 1; byte <= 255; ++byte) {
         const char c = static_cast<char>(byte);
-        const bool inside = kAlphabet.find(c) != std::string_view::npos;
+        const bool inside = kBase64Alphabet.find(c) != std::string_view::npos;
         const std::string decoded = Decode("Zm9v" + std::string(1, c) + "YmFy");
         EXPECT_EQ(decoded.size(), inside ? 6U : 3U) << byte;
         EXPECT_EQ(decoded.substr(0, 3), "foo") << byte;
@@ -247,11 +234,11 @@ TEST(Base64Decode, RandomTextAgreesWithModel) {
     std::mt19937 engine(4648);
     for (std::size_t size = 1; size <= 200; ++size) {
         std::string text;
-        while (text.size() < size) text += kAlphabet[engine() % 64];
+        while (text.size() < size) text += kBase64Alphabet[engine() % 64];
         const std::string decoded = Decode(text);
         const std::size_t rest = size % 4;
         ASSERT_EQ(decoded.size(), size / 4 * 3 + (rest == 0 ? 0 : rest - 1)) << text;
-        const std::string again = Model(decoded);
+        const std::string again = Base64Model(decoded);
         ASSERT_EQ(again.substr(0, size / 4 * 4), text.substr(0, size / 4 * 4));
     }
 }

@@ -1,25 +1,18 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <clocale>
-#include <cstdint>
 #include <string>
 
-#include "fixtures/Modules.h"
-#include "support/Folder.h"
+#include "fixtures/SecondLibrary.h"
 #include "support/Owned.h"
 
 namespace {
 
 using TAMO::TEV::System::Util::TEVUtilString;
-using tev::test::CopyTo;
-using tev::test::FileNameOf;
-using tev::test::Folder;
-using tev::test::LoadedModule;
+using tev::test::SecondLibrary;
 using tev::test::Text;
 
-constexpr char kLibrary[] = "TEVSystemLib.dll";
 constexpr char kCommaLocale[] = "German_Germany.1252";
 
 // The C locale of the process and of every module in it, which share one C runtime.
@@ -37,24 +30,6 @@ class Locale {
  private:
     std::string before_;
     bool isSet_;
-};
-
-// A second copy of the library, which is loaded anew under another name. Its functions lie where
-// those of the first do.
-class SecondLibrary {
- public:
-    template <typename Function>
-    Function* Of(Function* function) const {
-        const auto offset = reinterpret_cast<std::uintptr_t>(function) -
-                            reinterpret_cast<std::uintptr_t>(GetModuleHandleA(kLibrary));
-        return reinterpret_cast<Function*>(reinterpret_cast<std::uintptr_t>(module_.get()) +
-                                           offset);
-    }
-
- private:
-    const Folder folder_;
-    const LoadedModule module_{
-        CopyTo(folder_ / "Second.dll", FileNameOf(GetModuleHandleA(kLibrary)))};
 };
 
 std::string Shown(decltype(&TEVUtilString::SignificantFigures) significantFigures, double value,

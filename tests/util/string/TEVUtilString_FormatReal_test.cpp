@@ -161,6 +161,7 @@ const struct {
     {0.25, false, std::numeric_limits<int>::min(), "0.25000000000000000000"},
     {0.1, false, 20, "0.10000000000000000555"},
     {kInfinity, false, 2, "inf"},
+    {kInfinity, false, 2000, "inf"},
     {-kInfinity, true, 2, "-inf"},
 };
 

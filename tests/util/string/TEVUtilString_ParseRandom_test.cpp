@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+#include "models/NumberModel.h"
+#include "models/TextModel.h"
 #include "util/string/RandomTexts.h"
 
 // The parsers on random texts against a model of them: what is accepted, and the value where it is
@@ -19,7 +21,9 @@
 namespace {
 
 using TAMO::TEV::System::Util::TEVUtilString;
+using tev::test::LooksReal;
 using tev::test::RandomTexts;
+using tev::test::TrimmedIfSpaced;
 
 constexpr int kTexts = 150000;
 constexpr unsigned kSeed = 20240531;
@@ -35,14 +39,6 @@ struct Verdict {
     Answer answer = Answer::Refused;
     std::optional<Number> value;
 };
-
-std::string Prepared(const std::string& text) {
-    if (text.empty() || (text.front() != ' ' && text.back() != ' ')) return text;
-    constexpr char kBlanks[] = " \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string::npos) return "";
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 // These take what stands at the front of the text.
 std::string TakeDigits(std::string_view& text) {
@@ -85,7 +81,7 @@ constexpr IntegerRules kUnsigned64 = {"+", 18446744073709551615U, Answer::Accept
 
 template <typename Number>
 Verdict<Number> IntegerModel(const std::string& text, const IntegerRules& rules) {
-    const std::string prepared = Prepared(text);
+    const std::string prepared = TrimmedIfSpaced(text);
     std::string_view rest = prepared;
     const char sign = TakeOne(rest, rules.signs);
     const std::string whole = TakeDigits(rest);
@@ -98,21 +94,6 @@ Verdict<Number> IntegerModel(const std::string& text, const IntegerRules& rules)
     const std::uint64_t limit = sign == '-' ? rules.highest + 1 : rules.highest;
     if (!magnitude || *magnitude > limit) return {rules.outOfRange, {}};
     return {Answer::Accepted, static_cast<Number>(sign == '-' ? 0 - *magnitude : *magnitude)};
-}
-
-bool LooksReal(const std::string& text) {
-    const auto count = [&text](std::string_view set) {
-        return std::count_if(text.begin(), text.end(),
-                             [set](char c) { return set.find(c) != std::string_view::npos; });
-    };
-    if (text.find_first_not_of("0123456789.+-eE") != std::string::npos) return false;
-    if (count(".") > 1 || count("eE") > 1) return false;
-    const std::size_t lastSign = text.find_last_of("+-");
-    const std::size_t marker = text.find_first_of("eE");
-    if (marker == std::string::npos) return lastSign == std::string::npos || lastSign == 0;
-    if (marker == 0 || (marker == 1 && kDigits.find(text[0]) == std::string_view::npos))
-        return false;
-    return count("+-") <= 2;
 }
 
 // The number at the front of the text as the C language reads it: an exponent marker needs digits.
@@ -140,7 +121,7 @@ std::optional<long double> ScanReal(std::string_view text) {
 }
 
 Verdict<double> RealModel(const std::string& text) {
-    const std::string prepared = Prepared(text);
+    const std::string prepared = TrimmedIfSpaced(text);
     if (prepared.empty() || !LooksReal(prepared)) return {};
     const std::optional<long double> value = ScanReal(prepared);
     if (!value) return {};
@@ -151,7 +132,7 @@ Verdict<double> RealModel(const std::string& text) {
 }
 
 Verdict<bool> WordModel(const std::string& text) {
-    std::string word = Prepared(text);
+    std::string word = TrimmedIfSpaced(text);
     for (char& c : word)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     if (word != "true" && word != "false") return {};

@@ -11,8 +11,8 @@
 #include <sstream>
 #include <string>
 
+#include "models/DecimalModel.h"
 #include "support/Owned.h"
-#include "util/string/DecimalModel.h"
 
 // The texts of random measured values against exact integers.
 namespace {

@@ -1,6 +1,7 @@
 #include "TEVSystemLib/util/string/detail/SignificantFigures.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 
@@ -73,7 +74,7 @@ std::optional<Figures> AnalyseFigures(std::string_view number) {
 std::optional<std::string> RoundToFigures(std::string number, int figures) {
     if (number.find('.') == kNone) number += '.';
     const auto analysed = AnalyseFigures(number);
-    if (!analysed || !analysed->hasDigits || figures < 1) return std::nullopt;
+    if (!analysed || figures < 1) return std::nullopt;
     if (analysed->count < figures)
         number.append(static_cast<std::size_t>(figures - analysed->count), '0');
 
@@ -114,8 +115,10 @@ std::optional<Exponent> ExponentOf(std::string_view text) {
         return std::nullopt;
     int magnitude = 0;
     for (const char c : text.substr(marker + 2)) {
-        if (kDigits.find(c) == kNone) return std::nullopt;
-        magnitude = 10 * magnitude + (c - '0');
+        const int digit = c - '0';
+        if (kDigits.find(c) == kNone || magnitude > (std::numeric_limits<int>::max() - digit) / 10)
+            return std::nullopt;
+        magnitude = 10 * magnitude + digit;
     }
     return Exponent{text[marker + 1] == '-', magnitude};
 }

@@ -31,7 +31,8 @@ std::optional<std::string> RoundToFigures(std::string number, int figures);
 // at least.
 std::string InExponentForm(std::string_view rounded, int figures);
 
-// The decimal exponent of a text in that form, its sign apart; nothing when it has none.
+// The decimal exponent of a text in that form, its sign apart; nothing when it has none or one that
+// is no int.
 struct Exponent {
     bool isNegative;
     int magnitude;

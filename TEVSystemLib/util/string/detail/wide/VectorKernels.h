@@ -90,7 +90,7 @@ void ReplaceByteWide(const char* from, std::size_t count, char* to, char old, ch
     MapBytes<V>(from, count, to, Replaced{old, replacement});
 }
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef TEV_ADDRESS_SANITIZER
 // The address sanitizer takes the bytes behind the terminator for an error.
 template <typename V>
 std::size_t LengthWide(const char* text) {

@@ -1,0 +1,2 @@
+// A DLL that does nothing: what loading one costs at least.
+extern "C" __declspec(dllexport) int Nothing() { return 1; }

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# planted_test.sh PROGRAM FAULT [REPORT]: a planted fault is seen: the sanitizer names it, or, without
+# a REPORT to look for, the program stops there.
+. "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
+run=()
+[[ $1 == *.exe ]] && run=("$root/scripts/wine.sh")
+"${run[@]}" "$1" none 2>&1 | grep -q survived || die "the program does not run without a fault"
+output=$("${run[@]}" "$1" "$2" 2>&1) || true
+if [ $# -gt 2 ]; then
+    grep -q "$3" <<<"$output" || die "the planted fault $2 is not reported as $3"
+else
+    ! grep -q survived <<<"$output" || die "the planted fault $2 is not stopped"
+fi

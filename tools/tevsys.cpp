@@ -13,8 +13,10 @@
 #include <functional>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "tools/tevsys_demo.h"
+#include "tools/tevsys_doctor.h"
 #include "tools/tevsys_figures.h"
 #include "tools/tevsys_store.h"
 #include "tools/tevsys_where.h"
@@ -101,6 +103,11 @@ ExitCode Demo() {
     return kDone;
 }
 
+ExitCode Doctor(const std::string& module, const std::vector<std::string>& directories,
+                bool asJson) {
+    return tevsys::ShowDoctor(std::cout, module, directories, asJson) ? kDone : kFailed;
+}
+
 ExitCode Figures(const std::string& value, const std::string& uncertainty, bool scientific) {
     double measured = 0;
     double spread = 0;
@@ -127,6 +134,8 @@ struct Arguments {
     std::string value;
     std::string uncertainty;
     bool scientific = false;
+    std::vector<std::string> directories;
+    bool json = false;
     std::function<ExitCode()> verb;
 };
 
@@ -148,6 +157,25 @@ void AddPlainVerbs(CLI::App& app, Arguments& a) {
     CLI::App* guid = app.add_subcommand("guid", "Print a new GUID");
     guid->callback([&a] { a.verb = Guid; });
     guid->footer("36 characters in lower case, without braces.");
+}
+
+void AddDoctor(CLI::App& app, Arguments& a) {
+    CLI::App* doctor = app.add_subcommand("doctor", "Tell why a module loads or does not");
+    doctor->add_option("MODULE", a.value, "A module's path, or a name that is searched for")
+        ->required();
+    doctor->add_option("--dir", a.directories, "A search directory; once for each")
+        ->allow_extra_args(false);
+    doctor->add_flag("--json", a.json, "As JSON, for programs");
+    doctor->callback([&a] { a.verb = [&a] { return Doctor(a.value, a.directories, a.json); }; });
+    doctor->footer(
+        "A tree of what the module needs, with what is missing or wrong; the folders that are\n"
+        "searched, in order; what the system says; and the cause, as the last line. The module is\n"
+        "really loaded, as a host would load it with LoadModule, and released: its start routine\n"
+        "runs. This program's folder and its loaded modules stand in for the host's.\n"
+        "Exit 1: it does not load, or something in it is wrong.\n"
+        "Examples:\n"
+        "  tevsys doctor C:\\Kit\\plugins\\sensor.dll --dir C:\\Kit\\lib\n"
+        "  tevsys doctor kernel32");
 }
 
 void AddVerbs(CLI::App& app, Arguments& arguments) {
@@ -193,6 +221,7 @@ void AddVerbs(CLI::App& app, Arguments& arguments) {
     demo->footer("Folders and files, properties, environment before and after, switches.");
 
     AddPlainVerbs(app, a);
+    AddDoctor(app, a);
 }
 
 std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error) {

@@ -286,7 +286,7 @@ exits 1; prints ''
 # help
 tevsys --help
 exits 0; says_nothing
-for verb in get list set env where demo figures guid; do
+for verb in get list set env where demo figures guid doctor; do
     holds "names the verb $verb" grep -q "^  $verb  *[A-Z]" out
 done
 holds 'names the exit codes' grep -q 'Exit codes: 0 .*1 .*2 ' out

@@ -100,7 +100,8 @@ std::string ToAnsi(const std::string& text) {
 
 std::string Line(const Module& module) {
     std::string line = module.name;
-    if (!module.file.empty() && module.state != State::System) line += "  " + module.file;
+    if (module.file != module.name && module.state != State::System)
+        line += (module.file.empty() ? "" : "  ") + module.file;
     if (module.state != State::Found) line += std::string("  ") + NameOf(module.state);
     if (!module.flaw.empty()) line += ": " + module.flaw;
     if (module.isDelayed) line += "  (delayed)";

@@ -63,14 +63,14 @@ TEST(ConcludeLoad, NamesTheCulpritBelow) {
          "root.dll asks lib.dll (C:\\lib.dll) for the function F, which it does not export."},
         {Problem::FunctionMissing, Lacking({{"#7", "x.F"}, {"G", ""}, {"H", ""}}),
          "root.dll asks lib.dll (C:\\lib.dll) for the function #7, which it forwards to x.F, where "
-         "there is none, and for 2 more that are missing."},
+         "there is none, and for 2 more."},
         {Problem::NotAModule, With(Named("lib.dll", "C:\\lib.dll"), "it is empty"),
          "lib.dll (C:\\lib.dll), which root.dll needs, is not a module: it is empty."},
         {Problem::NotAModule, Named("lib.dll", "C:\\lib.dll", State::Unreadable),
          "lib.dll (C:\\lib.dll), which root.dll needs, cannot be read."},
         {Problem::OtherMachine, With(Named("lib.dll", "C:\\lib.dll"), "32-bit x86"),
          "lib.dll (C:\\lib.dll), which root.dll needs, is built for 32-bit x86, and this process "
-         "is 64-bit x64."},
+         "for 64-bit x64."},
         {Problem::StartRefused, Named("lib.dll", "C:\\lib.dll"),
          "the start routine (DllMain) of lib.dll (C:\\lib.dll) refuses this process."},
     };
@@ -91,7 +91,7 @@ TEST(ConcludeLoad, NamesTheModuleItself) {
          "there is no file C:\\root.dll."},
         {Problem::NotAModule, With(kRoot, "it is empty"), "it is not a module: it is empty."},
         {Problem::OtherMachine, With(kRoot, "64-bit ARM"),
-         "it is built for 64-bit ARM, and this process is 64-bit x64."},
+         "it is built for 64-bit ARM, and this process for 64-bit x64."},
         {Problem::StartRefused, kRoot, "its start routine (DllMain) refuses this process."},
         {Problem::Unexplained, kRoot,
          "nothing wrong is seen in the files; the system gives the code 1, A message."},

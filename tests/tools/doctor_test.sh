@@ -101,7 +101,7 @@ WINEPATH=$place\\all examine path-not-consulted-below 1 "$place\\all\\tevneedy.d
 
 # Files cut off anywhere are told of, and end nothing.
 size=$(stat -c %s "$work/plain/tevplain.dll")
-for part in 1 2 63 64 100 200 400 $((size / 2)) $((size - 1)); do
+for part in 1 2 63 64 100 200 400 600 1500 $((size / 4)); do
     head -c "$part" "$work/plain/tevplain.dll" >"$work/other/cut$part.dll"
     code=0
     "$root/scripts/wine.sh" "$tevsys" doctor "$place\\other\\cut$part.dll" >"$work/out" 2>&1 || code=$?

@@ -40,12 +40,12 @@ std::string FunctionMissing(const ModuleFault& fault) {
                 ? ", which it does not export"
                 : ", which it forwards to " + first.forwarder + ", where there is none";
     const std::size_t others = functions.size() - 1;
-    if (others > 0) text += ", and for " + std::to_string(others) + " more that are missing";
+    if (others > 0) text += ", and for " + std::to_string(others) + " more";
     return text;
 }
 
 std::string StartRefused(const ModuleFault& fault) {
-    const std::string whose = fault.parent == nullptr && fault.culprit->imports.empty()
+    const std::string whose = fault.parent == nullptr
                                   ? "its start routine (DllMain)"
                                   : "the start routine (DllMain) of " + NameAndFile(*fault.culprit);
     return whose + " refuses this process";
@@ -63,7 +63,7 @@ std::string Reason(const ModuleFault& fault, const Explanation& explanation) {
                        : Subject(fault) + " is not a module: " + fault.culprit->flaw;
         case Problem::OtherMachine:
             return Subject(fault) + " is built for " + fault.culprit->flaw +
-                   ", and this process is 64-bit x64";
+                   ", and this process for 64-bit x64";
         case Problem::StartRefused:
             return StartRefused(fault);
         default:

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cwchar>
+#include <new>
 
 #include "TEVSystemLib/util/file/detail/PathText.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
@@ -98,6 +99,8 @@ std::optional<ModulePlace> FindModule(const std::string& name, const SearchedFol
 std::optional<std::string> ReadModuleFile(const std::string& file) {
     constexpr std::uint64_t kMaxSize = std::uint64_t{1} << 30;
     TEVIO io(file, TEVIO::Read);
+    // It keeps the path that it could not open, but when memory for it is exhausted.
+    if (io.getFilePath() != file) throw std::bad_alloc();
     if (!io || io.fileSize() > kMaxSize) return std::nullopt;
     std::string content(io.fileSize(), '\0');
     if (io.read(content.data(), content.size()) != content.size()) return std::nullopt;

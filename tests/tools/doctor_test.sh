@@ -80,6 +80,7 @@ examine ordinary-order 1 "$place\\all\\tevneedy.dll"
 examine two-levels-down 1 "$place\\chain\\tevouter.dll" --dir "$place\\chain"
 examine two-levels-down-json 1 "$place\\chain\\tevouter.dll" --dir "$place\\chain" --json
 examine missing-functions 1 "$place\\greedy\\tevgreedy.dll" --dir "$place\\greedy"
+examine missing-functions-json 1 "$place\\greedy\\tevgreedy.dll" --dir "$place\\greedy" --json
 examine no-missing-functions 0 "$place\\more\\tevgreedy.dll" --dir "$place\\more"
 examine missing-forwarder 1 "$place\\sent\\tevsent.dll" --dir "$place\\sent"
 examine x86 1 "$place\\x86\\tevneeded.dll"

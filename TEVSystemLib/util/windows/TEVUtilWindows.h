@@ -33,7 +33,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // TRUE ONLY FOR AN EXISTING DIRECTORY, false for every file: call TEVIO::exists for files.
     static bool FileExists(char const* const path);
 
-    // Reading takes names, and gives values, in the C locale.
+    // Reading the environment takes names, and gives values, in the C locale.
+    //
     // The variable's value as a new C string; null when it is not set, empty, or not representable.
     static void GetEnv(const char* const name, char** value);
     // As GetEnv, for a folder: trimmed, and ended with "/" unless it ends with "\" or "/". Throws
@@ -89,9 +90,11 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
                                                  std::string& folder);
     // Full file names of this process's modules.
     static bool RetrieveAllLoadedModulesInCurrentProcess(char**& modules, std::uint64_t& count);
+
     // Where the framework and its companions are installed: folders ending with "\", as new C
     // strings; null, or false with null, when not found. Folders found are tested as UTF-8:
     // ASCII names are sure to be found.
+    //
     // The folder of the first of the framework's marker modules loaded in this process:
     // "Plinth.dll", "SensorSupportDataLib.dll", "MeasureKitLib.dll".
     static char* GetCurrentProcessCorvidRootFolder();
@@ -112,10 +115,14 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Variants must have exactly the type named: references (VT_BYREF) are refused. Texts end at a
     // NUL character.
 
+    // Texts of COM
+    //
     // -1, 0 or 1 in the order of the invariant locale. Throws std::runtime_error "BSTR comparison
     // operation failed.", also for a null text.
     static int CompareBSTR(bool ignoreCase, wchar_t* const& first, wchar_t* const& second);
+    // A new BSTR; an empty text is copied, a null one gives false.
     static bool CopyBSTR(wchar_t* source, wchar_t** copy);
+    // Releases a BSTR and nulls the pointer; null is accepted.
     static void FreeBSTR(wchar_t** text);
     // In characters; 0 for null.
     static std::uint64_t GetBSTRLength(wchar_t* const& text);
@@ -152,6 +159,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Arrays of one dimension with lower bound 0 in variants: VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
     // Reading looks at the first stored bound only, and at numbers without a lock. What is
     // extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
+    //
+    // Numbers; a `count` of 0 or a null array gives false.
     static bool SetDoubleArrayVARIANT(double* data, std::uint64_t count, tagVARIANT* out);
     static bool SetIntArrayVARIANT(int* data, std::uint64_t count, tagVARIANT* out);
     static bool ExtractDoubleArrayFromVARIANT(double** out, std::uint64_t& count,
@@ -178,6 +187,7 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
                                                std::map<std::string, char*>& out);
 
+    // Release what was extracted from COM data; null is accepted, the pointer becomes null.
     static void DeleteCharBuffer(char** buffer);
     static void DeleteDoubleBuffer(double** buffer);
     static void DeleteIntBuffer(int** buffer);
@@ -189,6 +199,7 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
 
     // The pseudo-handle of this process, which needs no release.
     static void* RetrieveCurrentProcess();
+    // Its number.
     static unsigned long RetrieveCurrentProcessID();
 
  private:

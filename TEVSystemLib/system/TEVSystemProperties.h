@@ -22,7 +22,7 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
  public:
     class DefaultValue;
 
-    // Copies nothing: there is one store.
+    // Copies nothing, since there is one store.
     TEVSystemProperties& operator=(const TEVSystemProperties&);
 
     // Discards both tables, unsaved user properties and cached environment values included, reads

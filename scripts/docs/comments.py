@@ -3,8 +3,8 @@
 
 A comment holds for every declaration below it up to the next comment or empty line, so overloads
 share one. What stands above an empty comment line holds for the whole paragraph, and its first
-words are the paragraph's heading; so are those before the colon of a comment like "Tokens: ..." on
-top of several declarations. A comment with an empty line below stands for the rest of its class and
+words are the paragraph's heading; so are those before the colon of a comment like "Tokens: ..."
+on top of it. A comment with an empty line below stands for the rest of its class and
 is told with the class. A text constant without words gets its value.
 """
 import pathlib
@@ -31,8 +31,10 @@ def escaped(text):
 
 
 def code(literal):
-    quoted = literal.replace("&", "&amp;").replace("<", "&lt;").replace(">", "&gt;")
-    return "<code>" + re.sub(r"([\\%#@*_])", r"\\\1", quoted) + "</code>"
+    """A text of code; what could be markup or a command in it is not."""
+    named = {"&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;"}
+    shown = "".join(named.get(c, "\\" + c if c in "\\%#@*_|`" else c) for c in literal)
+    return f"<code>{shown}</code>"
 
 
 def text_values(header):
@@ -71,9 +73,8 @@ class Header:
     def comment(self, at):
         words = []
         while at < len(self.lines) and COMMENT.fullmatch(self.lines[at]):
-            words.append(COMMENT.fullmatch(self.lines[at]).group(1))
+            words.append(COMMENT.fullmatch(self.lines[at]).group(1).removeprefix("KEEP: "))
             at += 1
-        words[0] = words[0].removeprefix("KEEP: ")
         self.words = words
         return at
 
@@ -83,10 +84,10 @@ class Header:
         self.out[self.class_line:self.class_line] = ["///"] + text
         self.class_line += len(text) + 1
 
-    def open_group(self, at):
-        """At the top of a paragraph; `at` is its first declaration."""
+    def open_group(self):
+        """At the top of a paragraph."""
         heading = HEADING.match(" ".join(self.words))
-        title = heading.group(1) if heading and self.declarations(at) > 1 else ""
+        title = heading.group(1) if heading else ""
         if "" in self.words:
             end = self.words.index("")
             self.shared, self.words = self.words[:end], self.words[end + 1:]
@@ -99,10 +100,6 @@ class Header:
         text = [f"    {escaped(line)}" for line in self.shared]
         self.out += [f"    /** @name {title}", *text, "    */", "    /** @{ */"]
         self.grouped = True
-
-    def declarations(self, at):
-        end = next((i for i in range(at, len(self.lines)) if not self.lines[i].strip()), at)
-        return sum(line.endswith(";") for line in self.lines[at:end])
 
     def declaration(self, at):
         """Copies one declaration, up to its end or to the body that it opens."""
@@ -142,7 +139,7 @@ class Header:
                 if alone and self.class_name:
                     self.paragraph_of_class()
                 elif not alone and first and self.class_name:
-                    self.open_group(at)
+                    self.open_group()
                 self.fresh = False
             elif not line.strip():
                 self.close_group()

@@ -4,19 +4,22 @@ import pathlib
 import re
 import sys
 
-CODE = re.compile(r"(?<!`)`([^`\n]+(?:\n[^`\n]+)?)`(?!`)")
+from comments import code
+
+SPAN = re.compile(r"(?<!`)`([^`\n]+(?:\n[^`\n]+)?)`(?!`)")
 
 
 def for_doxygen(text):
-    """Doxygen ends a code span at a single quote, and takes an escaped bar in one as it stands."""
-    parts = re.split(r"(?ms)(^```.*?^```$)", text)
+    """Code spans with a quote, a per cent sign or a bar as tags: Doxygen takes those for its own."""
+    parts = re.split(r"(?ms)(^```.*?^```$|^    .*?$)", text)
     for at in range(0, len(parts), 2):
-        parts[at] = CODE.sub(lambda m: code(m.group(1)), parts[at])
+        parts[at] = SPAN.sub(lambda m: shown(m.group(1)), parts[at])
     return "".join(parts)
 
 
-def code(span):
-    return f"``{span}``" if "'" in span else f"`{span}`"
+def shown(span):
+    return code(span.replace("\\|", "|")) if re.search("['%|]", span) else f"`{span}`"
 
 
-sys.stdout.write(for_doxygen(pathlib.Path(sys.argv[1]).read_text()))
+if __name__ == "__main__":
+    sys.stdout.write(for_doxygen(pathlib.Path(sys.argv[1]).read_text()))

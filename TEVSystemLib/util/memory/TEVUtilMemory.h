@@ -41,11 +41,13 @@ class TEVSYSTEMLIB_API TEVUtilMemory {
     static std::size_t AllocateSizeTArray(std::size_t count, std::size_t** out);
 
     // Arrays of null pointers.
-    // KEEP: mind the orders, which modules were compiled against: these take the count first ...
+    // KEEP: mind the orders, which modules were compiled against.
+    //
+    // The count comes first.
     static std::size_t AllocateDoubleArrayPointers(std::size_t count, double*** out);
     static std::size_t AllocateUnsignedCharArrayPointers(std::size_t count, unsigned char*** out);
     static std::size_t AllocateUnsignedIntArrayPointers(std::size_t count, unsigned int*** out);
-    // ... and these the output first.
+    // The output comes first.
     static std::size_t AllocateCStringArray(char**& out, std::size_t count);
     static std::size_t AllocateConstCStringArray(const char**& out, std::size_t count);
     static std::size_t AllocateCStringArrayPointers(char***& out, std::size_t count);

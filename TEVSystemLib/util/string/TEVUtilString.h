@@ -201,9 +201,9 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool AddEntriesToStringArray(char**& array, char**& source, std::size_t& count,
                                         std::size_t& sourceCount, bool append, bool takeOver);
 
-    // An array of `count` null pointers to vectors that the caller creates, and deletes before the
-    // array is released: the second function frees the array only. A count of 0 gives 0 and leaves
-    // `containers` untouched; exhausted memory gives 0 and null.
+    // Vectors of borrowed strings: an array of `count` null pointers to vectors that the caller
+    // creates, and deletes before the array is released: the second function frees the array only.
+    // A count of 0 gives 0 and leaves `containers` untouched; exhausted memory gives 0 and null.
     static std::size_t GetCStringVectorContainerArray(std::size_t count,
                                                       std::vector<const char*>**& containers);
     static void DeleteCStringVectorContainerArray(std::size_t count,
@@ -340,7 +340,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool DecimalRepresentationOfBinary(const char* const bytes, std::uint64_t byteCount,
                                               char** out, bool commaSeparated, bool asBits);
 
-    // Reverses the bytes of every element in place. A null array or a count below 1 is refused.
+    // Byte order: reverses the bytes of every element in place. A null array or a count below 1 is
+    // refused.
     static bool Swap16BitWord(short* array, int count);
     static bool Swap16BitWord(unsigned short* array, int count);
     static bool Swap32BitWord(int* array, int count);
@@ -350,19 +351,19 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // Always LittleEndian; nothing is probed.
     static TEVSysCnst::ByteOrder SystemByteOrder();
 
-    // Messages by severity. The creators store a new, empty container in *vector or *map; they do
+    // Messages by severity: the creators store a new, empty container in *vector or *map; they do
     // nothing when memory is exhausted. The Delete functions release a container with all that it
     // holds, set the pointer to null, accept null and always give true.
     static void GetMsgsVector(std::vector<char*>** vector);
     static void GetMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
+    static bool DeleteMsgsVector(std::vector<char*>** vector);
+    static bool DeleteMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
     // Appends a copy of the message, owned by `messages`, to its level; a level without vector
     // gets one. Readers neither release the messages nor keep them longer than their vector. A
     // null or empty message or an unknown level is refused; a failure changes nothing. Calls on
     // one map must be made one at a time.
     static bool AddMessage(const char* const message, TEVSysCnst::MsgLevel level,
                            std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>& messages);
-    static bool DeleteMsgsVector(std::vector<char*>** vector);
-    static bool DeleteMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
 
  private:
     // `isZero` says that no digit stands before the point.

@@ -24,6 +24,8 @@ namespace TAMO::TEV::System::Util {
 // the whole process; the other functions may run on any thread.
 class TEVSYSTEMLIB_API TEVUtilWindows {
  public:
+    // Paths
+    //
     // The folder of a path up to and including its last separator, "/" turned into "\"; "." when it
     // has none; null for an empty path. A new array, also releasable with
     // TEVUtilMemory::DeallocateCharArray.
@@ -33,7 +35,7 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // TRUE ONLY FOR AN EXISTING DIRECTORY, false for every file: call TEVIO::exists for files.
     static bool FileExists(char const* const path);
 
-    // Reading the environment takes names, and gives values, in the C locale.
+    // Reading the environment: names are taken, and values given, in the C locale.
     //
     // The variable's value as a new C string; null when it is not set, empty, or not representable.
     static void GetEnv(const char* const name, char** value);
@@ -50,6 +52,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool GetCurrentProcessEnvironmentVariables(char**& names, char**& values,
                                                       std::size_t& count);
 
+    // Changing the environment
+    //
     // Sets a variable of this process, or deletes it when `value` is null or empty, in the system's
     // environment and the C runtime's. False for an empty name, a value of 32767 characters or
     // more, and when the system refuses.
@@ -63,6 +67,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ModifySessionEnvironmentVariable(const char* const name, const char* const value,
                                                  bool prepend, int operation);
 
+    // Loading modules
+    //
     // Loads a module with `dirs` (null, empty and missing ones are skipped) searched too; with none
     // left in the system's ordinary order. The caller releases with FreeModuleHandle. On failure
     // `error` holds the system's code and message, or the code alone when there is no message; it
@@ -79,6 +85,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Releases a module and nulls the handle; null is left alone.
     static void FreeModuleHandle(HINSTANCE__*& module);
 
+    // Loaded modules
+    //
     // The full file name of a module loaded in this process as a new C string; null if not loaded.
     static char* GetModuleFullyQualifiedName(char const* const name);
     // Its folder, ending with "\", as a new C string; null if not loaded, or when `name` is no
@@ -91,9 +99,9 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Full file names of this process's modules.
     static bool RetrieveAllLoadedModulesInCurrentProcess(char**& modules, std::uint64_t& count);
 
-    // Where the framework and its companions are installed: folders ending with "\", as new C
-    // strings; null, or false with null, when not found. Folders found are tested as UTF-8:
-    // ASCII names are sure to be found.
+    // Install roots: where the framework and its companions are installed, folders ending with "\",
+    // as new C strings; null, or false with null, when not found. Folders found are tested as
+    // UTF-8: ASCII names are sure to be found.
     //
     // The folder of the first of the framework's marker modules loaded in this process:
     // "Plinth.dll", "SensorSupportDataLib.dll", "MeasureKitLib.dll".
@@ -132,6 +140,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // (E_OUTOFMEMORY) when memory is exhausted.
     static bool FromMultibyteCharToBSTR(char const* text, wchar_t** out);
 
+    // GUIDs
+    //
     // "{38 characters}" as a new wide text, released with TEVUtilString::DeleteWCharBuffer, or a
     // new C string.
     static bool ConvertCLSIDToString(_GUID const& clsid, wchar_t** out);
@@ -150,19 +160,22 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
         "false for every text; use GetCLSIDFromString with the text in braces")]] static bool
     IsValidUUID(char const* text);
 
+    // Arrays of variants
+    //
     // An array of `count` empty variants; bare, or in a variant.
     static bool CreateSafeArrayOfVariants(tagSAFEARRAY** out, std::uint64_t count);
     static bool CreateSafeArrayOfVariants(tagVARIANT* out, std::uint64_t count);
     // Null is accepted.
     static bool DestroySafeArray(tagSAFEARRAY* array);
 
-    // Arrays of one dimension with lower bound 0 in variants: VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
+    // Arrays in variants: one dimension with lower bound 0, VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
     // Reading looks at the first stored bound only, and at numbers without a lock. What is
     // extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
     //
-    // Numbers; a `count` of 0 or a null array gives false.
+    // Numbers are copied; a null array or a `count` of 0 gives false.
     static bool SetDoubleArrayVARIANT(double* data, std::uint64_t count, tagVARIANT* out);
     static bool SetIntArrayVARIANT(int* data, std::uint64_t count, tagVARIANT* out);
+    // Numbers, as a new array.
     static bool ExtractDoubleArrayFromVARIANT(double** out, std::uint64_t& count,
                                               tagVARIANT* variant);
     static bool ExtractIntArrayFromVARIANT(int** out, std::uint64_t& count, tagVARIANT* variant);
@@ -187,7 +200,7 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
                                                std::map<std::string, char*>& out);
 
-    // Release what was extracted from COM data; null is accepted, the pointer becomes null.
+    // Release: what was extracted from COM data; null is accepted, the pointer becomes null.
     static void DeleteCharBuffer(char** buffer);
     static void DeleteDoubleBuffer(double** buffer);
     static void DeleteIntBuffer(int** buffer);
@@ -197,6 +210,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool SignificantFigures(double value, double uncertainty, wchar_t** valueText,
                                    wchar_t** uncertaintyText, bool scientific);
 
+    // This process
+    //
     // The pseudo-handle of this process, which needs no release.
     static void* RetrieveCurrentProcess();
     // Its number.

@@ -27,6 +27,10 @@ def escaped(text):
     for at in range(0, len(parts), 2):
         parts[at] = re.sub(r"([\\*<>#%@&])", r"\\\1", parts[at])
         parts[at] = re.sub(r"(?<!\w)_|_(?!\w)", r"\\_", parts[at])
+        # These dots end no sentence.
+        parts[at] = re.sub(r"\.(?=\.|\")|(?<=\.)\.", r"\\.", parts[at])
+        # Between quotation marks Doxygen would leave the backslashes above.
+        parts[at] = parts[at].replace('"', "&quot;")
     return "`".join(parts)
 
 

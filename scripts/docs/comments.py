@@ -15,6 +15,8 @@ COMMENT = re.compile(r"\s*// ?(.*)")
 TRAILING = re.compile(r"^(.*?[;,{}\w)])\s+// (?!NOLINT)(.*)$")
 CLASS = re.compile(r"\s*(?:template.*)?(?:class|struct)\b[^;]*\{")
 TEXT_CONSTANT = re.compile(r"\s*static const char\* const (\w+);")
+# The dot of "." or "..." ends none.
+SENTENCE = re.compile(r"(.*?[^.\"\s]\.\"?\.?)\s+(.*)")
 HEADING = re.compile(r"([A-Z][\w=/-]*(?: [a-z][\w=/-]*){0,3}):(?= |$)")
 # What is no declaration of its own.
 SKIPPED = re.compile(r"\s*(#|\}|namespace\b|extern \"C\"|public:|protected:|private:|friend\b|"
@@ -27,8 +29,6 @@ def escaped(text):
     for at in range(0, len(parts), 2):
         parts[at] = re.sub(r"([\\*<>#%@&])", r"\\\1", parts[at])
         parts[at] = re.sub(r"(?<!\w)_|_(?!\w)", r"\\_", parts[at])
-        # These dots end no sentence.
-        parts[at] = re.sub(r"\.(?=\.|\")|(?<=\.)\.", r"\\.", parts[at])
         # Between quotation marks Doxygen would leave the backslashes above.
         parts[at] = parts[at].replace('"', "&quot;")
     return "`".join(parts)
@@ -67,7 +67,13 @@ class Header:
         self.fresh = True
 
     def write(self, indent, words):
-        self.out += [f"{indent}/// {escaped(line)}".rstrip() for line in words]
+        """The first sentence is the short form."""
+        end = words.index("") if "" in words else len(words)
+        first = " ".join(words[:end])
+        sentence = SENTENCE.match(first) or re.match("(.*)()", first)
+        lines = ["@brief " + escaped(sentence[1]), "", escaped(sentence[2])]
+        lines += [escaped(line) for line in words[end:]]
+        self.out += [f"{indent}/// {line}".rstrip() for line in lines]
 
     def close_group(self):
         if self.grouped:

@@ -146,7 +146,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // start is trimmed, at its first when only the end is.
     static const char* Trim(const char* const text, std::size_t& length, bool trimStart,
                             bool trimEnd);
-    // Null throws std::invalid_argument "Input argument cannot be a nullptr.".
+    // Without the blanks at the ends concerned. Null throws std::invalid_argument "Input argument
+    // cannot be a nullptr.".
     static std::string Trim(const char* const text);
     static std::string TrimStart(const char* const text);
     static std::string TrimEnd(const char* const text);
@@ -262,6 +263,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // precision + 2.
     static std::string ToString(char justification, double value, std::uint64_t width,
                                 std::uint64_t precision, bool showPlus, bool zeroFill);
+    // Decimal digits, behind a minus sign when the value is negative.
     static std::string ToString(int value);
     static std::string ToString(unsigned int value);
     static std::string ToString(long value);
@@ -283,7 +285,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // are accepted with a value of the C runtime's choice.
     static bool ToInteger(const char* const text, int& value);
     static bool ToLong(const char* const text, long& value);
-    // The same without "-". NOTHING ABOVE 2147483647 comes out: a larger number is refused or
+    // As ToInteger, without "-". NOTHING ABOVE 2147483647 comes out: a larger number is refused or
     // comes out as another one.
     static bool ToUnsignedInt(const char* const text, unsigned int& value);
     // 64 bits, `ToInt64` with and `ToUInt64` without "-", as the standard streams extract under

@@ -34,7 +34,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
  public:
     // Release: null is accepted; the caller's pointer becomes null.
     //
-    // A C string, a wide one, an array of bytes.
+    // Releases a C string, a wide C string, an array of bytes.
     static void DeleteCString(char** text);
     static void DeleteWCharBuffer(wchar_t** text);
     static void DeleteUnsignedCharArray(unsigned char** array);

@@ -34,6 +34,7 @@ using Released = std::vector<int>;
 class OwnerTest : public testing::Test {
  protected:
     OwnerTest() { released.clear(); }
+    ~OwnerTest() override { Released().swap(released); }
 
     int one_ = 1;
     int two_ = 2;

@@ -2,7 +2,7 @@
 
 packages_build=(g++-mingw-w64-x86-64-posix wine64 cmake ninja-build libcli11-dev googletest ccache)
 packages_gdal=(dpkg-dev sqlite3 tcl g++ make)
-packages_check=(clang-format-14 clang-tidy-14 git g++)
+packages_check=(clang-format-14 clang-tidy-14 git g++ libxml2-utils)
 
 # need_packages NAME...: no output and no root needed when all are there.
 need_packages() {

@@ -14,4 +14,5 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/TEVSystemLibConfig.cma
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/TEVSystemLibConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/TEVSystemLibConfig.cmake
-    ${PROJECT_BINARY_DIR}/TEVSystemLibConfigVersion.cmake DESTINATION ${package_dir})
+    ${PROJECT_BINARY_DIR}/TEVSystemLibConfigVersion.cmake
+    ${PROJECT_SOURCE_DIR}/cmake/TEVSystemLib.natvis DESTINATION ${package_dir})

@@ -20,8 +20,9 @@ GCC = "GPL-3.0-or-later WITH GCC-exception-3.1"
 # Linked into GDAL's DLL: what in the DLL shows it, the version as a group where the DLL tells it.
 INSIDE_GDAL = [
     ("proj", "MIT", rb"Rel\. (\d+\.\d+\.\d+),"),
-    ("sqlite3", "blessing", rb"\0(3\.\d+\.\d+)\0"),
+    ("nlohmann-json", "MIT", rb"proj_nlohmann"),
     ("zlib", "Zlib", rb" deflate (\d[\d.]+) Copyright"),
+    ("minizip", "Zlib", rb"cpl_minizip_unzip.cpp"),
     ("libtiff", "libtiff", rb"LIBTIFF, Version (\d[\d.]+)"),
     ("libgeotiff", "MIT", rb"gdal_GTIFNew\0"),
     ("libpng", "libpng-2.0", rb" libpng version (\d[\d.]+)"),
@@ -74,9 +75,11 @@ def main_package(version, files):
     sums = sorted(file["checksums"][0]["checksumValue"] for file in files)
     code = hashlib.sha1("".join(sums).encode()).hexdigest()
     entry = package("TEVSystemLib", version, "NOASSERTION")
-    entry.update(filesAnalyzed=True, packageFileName=f"TEVSystemLib-{version}-win64.zip", packageVerificationCode={
+    entry["filesAnalyzed"] = True
+    entry["packageFileName"] = f"TEVSystemLib-{version}-win64.zip"
+    entry["packageVerificationCode"] = {
         "packageVerificationCodeValue": code,
-        "packageVerificationCodeExcludedFiles": ["./" + NAME]})
+        "packageVerificationCodeExcludedFiles": ["./" + NAME]}
     entry["licenseDeclared"] = "NONE"
     entry["licenseComments"] = "The owner has not chosen a licence; see licenses/TEVSystemLib.txt."
     entry["licenseInfoFromFiles"] = ["NOASSERTION"]
@@ -87,8 +90,13 @@ def gdal_packages(tree, gdal):
     text = (gdal / "lib/cmake/gdal/GDALConfigVersion.cmake").read_text()
     version = re.search(r'PACKAGE_VERSION "([\d.]+)"', text).group(1)
     dll = (tree / GDAL_DLL).read_bytes()
+    header = (gdal / "include/sqlite3.h").read_text()
+    sqlite = re.search(r'define SQLITE_VERSION +"([\d.]+)"', header).group(1)
+    sqlite_sign = b"\0(" + re.escape(sqlite).encode() + b")\0"
     parts = [package("gdal", version, "MIT")]
-    for name, licence, sign in INSIDE_GDAL:
+    parts[0]["licenseConcluded"] = "NOASSERTION"
+    parts[0]["licenseComments"] = "MIT; single files have others of the kind, see licenses/gdal.txt."
+    for name, licence, sign in INSIDE_GDAL + [("sqlite3", "blessing", sqlite_sign)]:
         found = re.search(sign, dll)
         if not found:
             sys.exit(f"sbom: {GDAL_DLL} shows no {name}; mend the table of its parts")

@@ -60,18 +60,48 @@ verb_mutate() {
     need_packages "${packages_mutate[@]}"
     build mutation test_pure
     say "testing the tests: up to $count mutants of the platform-free code"
-    python3 "$root/scripts/mutate.py" "$root/build/mutation" "$count"
+    python3 "$root/scripts/mutate.py" "$root/build/mutation" "$count" | keep_number mutate Mutations
 }
 
 verb_test() {
-    no_arguments $#
+    [ $# -eq 0 ] || [ "$*" = --all ] || die "usage: ./tev test [--all]"
+    if [ $# -eq 0 ]; then test_quickly; else test_all; fi
+}
+
+test_quickly() {
     need_packages "${packages_check[@]}"
     need_all
-    build mingw-release
-    build host
-    local preset failed=0 passed=0
-    for preset in mingw-release host; do run_tests "$preset"; done
-    say "tests: the product under Wine, the platform-free code natively"
+    test_presets "the product under Wine, the platform-free code natively" mingw-release host |
+        keep_number test Tests
+}
+
+# Everything: random comparisons fifty times as long, each instruction level, and the other verbs.
+test_all() {
+    (
+        export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
+        test_quickly
+    )
+    need_packages "${packages_check[@]}"
+    need_all
+    test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
+        keep_number levels 'Instruction levels'
+    verb_sanitize
+    verb_coverage
+    verb_fuzz 1800
+    verb_mutate
+    write_numbers
+}
+
+# test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.
+test_presets() {
+    local what=$1 preset failed=0 passed=0 choice=()
+    shift
+    for preset in "$@"; do build "$preset"; done
+    for preset in "$@"; do
+        case $preset in mingw-portable | mingw-ssse3) choice=(-L gtest) ;; *) choice=() ;; esac
+        run_tests "$preset" "${choice[@]}"
+    done
+    say "tests: $what"
     printf '%d passed, %d failed\n' "$passed" "$failed"
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
 }

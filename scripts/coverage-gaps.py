@@ -77,12 +77,14 @@ def show(title, entries):
 def main():
     root, listed = pathlib.Path(sys.argv[1]), read_list(pathlib.Path(sys.argv[2]))
     gaps, totals = gaps_and_totals(root, sys.argv[3:])
-    print("lines: %d of %d, branches: %d of %d" % totals)
-    print(f"listed as unreachable: {sum(listed.values())}")
     unlisted = {gap: count for gap, count in gaps.items() if listed.get(gap) != count}
     stale = {entry: count for entry, count in listed.items() if gaps.get(entry) != count}
     show("not run and not listed with this count:", unlisted)
     show("listed, but run or no longer there with this count:", stale)
+    print(
+        "lines: %d of %d, branches: %d of %d, " % totals
+        + f"{sum(listed.values())} listed as unreachable, {sum(unlisted.values())} not listed"
+    )
     return 1 if unlisted or stale else 0
 
 

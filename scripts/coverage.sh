@@ -5,6 +5,10 @@ coverage=$root/build/coverage
 
 verb_coverage() {
     no_arguments $#
+    measure_coverage | keep_number coverage Coverage
+}
+
+measure_coverage() {
     need_packages "${packages_check[@]}" "${packages_coverage[@]}"
     need_all
     local preset failed=0 passed=0

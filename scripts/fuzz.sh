@@ -19,7 +19,7 @@ verb_fuzz() {
     # A target that finds something fails; the report below tells.
     printf '%s\n' "${targets[@]}" | xargs -P "$jobs" -I {} bash -c 'fuzz_one "$@"' fuzz {} "$each" ||
         true
-    fuzz_report "${targets[@]}"
+    fuzz_report "${targets[@]}" | keep_number fuzz Fuzzing
 }
 
 # fuzz_one TARGET SECONDS: what it finds worth keeping goes to build/, not into the tree.

@@ -4,6 +4,10 @@
 
 verb_sanitize() {
     no_arguments $#
+    sanitize | keep_number sanitize Sanitizers
+}
+
+sanitize() {
     need_packages "${packages_check[@]}"
     need_all
     local preset failed=0 passed=0

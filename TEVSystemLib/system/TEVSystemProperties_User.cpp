@@ -2,6 +2,8 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <TEVSystemLib/util/file/TEVIO.h>
 
+#include <utility>
+
 #include "TEVSystemLib/system/detail/ConfigurationFolders.h"
 #include "TEVSystemLib/system/detail/PropertyTables.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
@@ -20,7 +22,8 @@ std::string Lines(const detail::Properties& table) {
 
 bool TEVSystemProperties::SetUserProperty(const char* key, const char* value) try {
     if (value == nullptr) return false;
-    get().getUserProperties()[std::string(Util::detail::OrEmpty(key))] = value;
+    std::string name(Util::detail::OrEmpty(key));
+    get().getUserProperties().insert_or_assign(std::move(name), std::string(value));
     return true;
 } catch (...) {
     return false;

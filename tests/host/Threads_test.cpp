@@ -11,7 +11,6 @@
 #include "TEVSystemLib/util/file/detail/KeyValueParser.h"
 #include "TEVSystemLib/util/file/detail/PathText.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
-#include "TEVSystemLib/util/string/detail/Base64.h"
 #include "TEVSystemLib/util/string/detail/Bits.h"
 #include "TEVSystemLib/util/string/detail/Errors.h"
 #include "TEVSystemLib/util/string/detail/KeyValueText.h"
@@ -21,6 +20,7 @@
 #include "TEVSystemLib/util/string/detail/Tokens.h"
 #include "TEVSystemLib/util/windows/detail/EnvironmentList.h"
 #include "TEVSystemLib/util/windows/detail/ToolkitRoot.h"
+#include "support/Base64Texts.h"
 #include "support/Soak.h"
 
 namespace {
@@ -28,6 +28,8 @@ namespace {
 namespace properties = TAMO::TEV::System::detail;
 using namespace TAMO::TEV::System::Util::detail;
 using ::testing::IsEmpty;
+using tev::test::Decoded;
+using tev::test::Encoded;
 using tev::test::Job;
 using tev::test::Soak;
 
@@ -41,8 +43,8 @@ std::string Letters(unsigned seed) {
 }
 
 std::string Encoding(unsigned seed) {
-    const std::string encoded = Base64Encode("bytes of " + Number(seed));
-    return encoded + Base64Decode(encoded);
+    const std::string encoded = Encoded("bytes of " + Number(seed));
+    return encoded + Decoded(encoded);
 }
 
 std::string BitPatterns(unsigned seed) {

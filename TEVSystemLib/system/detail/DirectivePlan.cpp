@@ -66,17 +66,22 @@ std::optional<Directive> Parse(DirectiveKind kind, std::string_view text,
     return directive;
 }
 
+// An entry that fails, because memory is exhausted, costs no other.
+void Append(std::vector<Directive>& plan, std::string_view key, std::string_view text,
+            const FolderTest& folderExists) noexcept try {
+    const auto kind = KindOf(key);
+    if (!kind) return;
+    if (auto directive = Parse(*kind, text, folderExists)) plan.push_back(*std::move(directive));
+} catch (...) {
+    return;
+}
+
 }  // namespace
 
 std::vector<Directive> PlanDirectives(const std::map<std::string, std::string>& properties,
                                       const FolderTest& folderExists) {
     std::vector<Directive> plan;
-    for (const auto& [key, text] : properties) {
-        const auto kind = KindOf(key);
-        if (!kind) continue;
-        if (auto directive = Parse(*kind, text, folderExists))
-            plan.push_back(*std::move(directive));
-    }
+    for (const auto& [key, text] : properties) Append(plan, key, text, folderExists);
     std::stable_sort(plan.begin(), plan.end(),
                      [](const Directive& a, const Directive& b) { return a.kind < b.kind; });
     return plan;

@@ -29,8 +29,8 @@ struct Directive {
 using FolderTest = std::function<bool(const std::string& folder)>;
 
 // The directives among the entries of a properties table, in the order of execution: by kind, then
-// by key. Malformed ones, and paths that name no existing folder, are left out; slashes in paths
-// are turned.
+// by key. Malformed ones, paths that name no existing folder, and ones that do not fit into memory
+// are left out; slashes in paths are turned.
 std::vector<Directive> PlanDirectives(const std::map<std::string, std::string>& properties,
                                       const FolderTest& folderExists);
 

@@ -12,7 +12,8 @@ namespace TAMO::TEV::System::Util {
 // Paths are UTF-8 and passed through unchanged, but that dirExists accepts a trailing separator on
 // every platform. A null path counts as empty. Nothing throws on an I/O failure: closed files
 // answer 0 or false, and GDAL's error state holds the reason for a failed open. The constructors
-// throw std::bad_alloc when memory is exhausted.
+// throw std::bad_alloc when memory for the object is exhausted; a path that does not fit leaves it
+// closed.
 //
 // Threads: an object belongs to one thread at a time; the static functions are stateless.
 class TEVSYSTEMLIB_API TEVIO {
@@ -67,7 +68,8 @@ class TEVSYSTEMLIB_API TEVIO {
     // with TEVUtilMemory::DeallocateCharArray. An empty file is a failure. On failure null and 0.
     static bool readFile(char const* const path, char** data, std::uint64_t& size);
 
-    // The path given to the last open, also when that failed.
+    // The path given to the last open, also when that failed, but for one that did not fit into
+    // memory; empty when its copy does not.
     std::string getFilePath();
 
  private:

@@ -18,7 +18,8 @@ namespace TAMO::TEV::System::Util {
 // values and paths that begin or end with a plain space are trimmed of blanks at both ends, but for
 // DirectoryExists and FileExists, which take the path as it is. New C strings are released with
 // TEVUtilString::DeleteCString, arrays of them with TEVUtilString::DeleteCStringArray. Failures
-// show in the result, with outputs null; only functions that name an exception throw.
+// show in the result, with outputs null; only functions that name an exception throw. When memory
+// is exhausted even for its text, a std::runtime_error says that instead.
 //
 // Threads: no lock is taken. The environment and, during LoadModule, the DLL search path belong to
 // the whole process; the other functions may run on any thread.
@@ -65,14 +66,15 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Loads a module with `dirs` (null, empty and missing ones are skipped) searched too; with none
     // left in the system's ordinary order. The caller releases with FreeModuleHandle. On failure
     // `error` holds the system's code and message, or the code alone when there is no message; it
-    // is empty for an empty name or without a code. A folder is looked for as UTF-8 and added in
-    // the ANSI code page: ASCII names are sure to be found.
+    // is empty for an empty name, without a code, and when memory is exhausted. A folder is looked
+    // for as UTF-8 and added in the ANSI code page: ASCII names are sure to be found.
     static bool LoadModule(char const* const name, HINSTANCE__*& module, std::string& error,
                            char const** dirs, std::uint64_t count);
     // The same with a system error code instead of a text. ASKING FOR THE CODE CHANGES THE SEARCH:
     // with `dirs` and a non-null `code`, a failed load is tried once more in the ordinary order,
-    // only to say why; a success of it is returned. `code` is -1 for an empty name, 0 when the load
-    // with `dirs` succeeded, else the last error of the ordinary load, EVEN AFTER ITS SUCCESS.
+    // only to say why; a success of it is returned. `code` is -1 for an empty name and when memory
+    // is exhausted, 0 when the load with `dirs` succeeded, else the last error of the ordinary
+    // load, EVEN AFTER ITS SUCCESS.
     static bool LoadModule(char const* const name, HINSTANCE__*& module, char const** dirs,
                            std::uint64_t count, int* code);
     // Releases a module and nulls the handle; null is left alone.

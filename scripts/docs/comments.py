@@ -13,7 +13,7 @@ import sys
 
 COMMENT = re.compile(r"\s*// ?(.*)")
 TRAILING = re.compile(r"^(.*?[;,{}\w)])\s+// (?!NOLINT)(.*)$")
-CLASS = re.compile(r"\s*(?:template.*)?(?:class|struct)\b[^;]*\{")
+CLASS = re.compile(r"\s*(?:class|struct)\s+(?:[A-Z]+_API\s+)?([\w:]+)[^;]*\{$")
 TEXT_CONSTANT = re.compile(r"\s*static const char\* const (\w+);")
 # The dot of "." or "..." ends none.
 SENTENCE = re.compile(r"(.*?[^.\"\s]\.\"?\.?)\s+(.*)")
@@ -39,6 +39,22 @@ def code(literal):
     named = {"&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;"}
     shown = "".join(named.get(c, "\\" + c if c in "\\%#@*_|`" else c) for c in literal)
     return f"<code>{shown}</code>"
+
+
+def is_code(line):
+    return line.startswith("    ")
+
+
+def marked(words):
+    """Lines that are indented are code."""
+    lines, inside = [], False
+    for line in [*words, None] if words else []:
+        if line is None or is_code(line) != inside:
+            lines += ["@endcode"] if inside else ["@code"] if line else []
+            inside = not inside
+        if line is not None:
+            lines.append(line if inside else escaped(line))
+    return lines
 
 
 def text_values(header):
@@ -68,11 +84,10 @@ class Header:
 
     def write(self, indent, words):
         """The first sentence is the short form."""
-        end = words.index("") if "" in words else len(words)
+        end = next((at for at, line in enumerate(words) if not line or is_code(line)), len(words))
         first = " ".join(words[:end])
         sentence = SENTENCE.match(first) or re.match("(.*)()", first)
-        lines = ["@brief " + escaped(sentence[1]), "", escaped(sentence[2])]
-        lines += [escaped(line) for line in words[end:]]
+        lines = ["@brief " + escaped(sentence[1]), "", escaped(sentence[2]), *marked(words[end:])]
         self.out += [f"{indent}/// {line}".rstrip() for line in lines]
 
     def close_group(self):
@@ -90,7 +105,7 @@ class Header:
 
     def paragraph_of_class(self):
         """Told with the class, in front of its line."""
-        text = [f"/// {escaped(line)}" for line in self.words]
+        text = [f"/// {line}" for line in marked(self.words)]
         self.out[self.class_line:self.class_line] = ["///"] + text
         self.class_line += len(text) + 1
 
@@ -115,23 +130,23 @@ class Header:
         """Copies one declaration, up to its end or to the body that it opens."""
         line = self.lines[at]
         indent = line[:len(line) - len(line.lstrip())]
-        opened = CLASS.match(line)
         constant = TEXT_CONSTANT.match(line)
         if self.words or self.shared:
             self.write(indent, self.words + ([""] if self.shared else []) + self.shared)
         if constant and (self.class_name, constant.group(1)) in self.values:
             value = self.values[self.class_name, constant.group(1)]
             self.out.append(f"{indent}/// {code(value)}")
-        if opened:
-            self.class_line = len(self.out)
-            self.class_name = re.search(r"(\w+)(?: final)?(?:\s*:[^:{]*)?\s*\{", line).group(1)
-            self.forget()
-        depth = 0
+        start, depth = len(self.out), 0
         while True:
             line = self.lines[at]
+            opened = CLASS.match(line)
             depth += line.count("(") + line.count("{") - line.count(")") - line.count("}")
             self.out.append(TRAILING.sub(lambda m: f"{m[1]}  ///< {escaped(m[2])}", line))
             at += 1
+            if opened:
+                self.class_line = start
+                self.class_name = opened[1].split("::")[-1]
+                self.forget()
             if opened or at == len(self.lines):
                 return at
             if depth <= 0 and re.search(r"[;}]\s*(//.*)?$", line):
@@ -159,6 +174,7 @@ class Header:
             elif SKIPPED.match(line):
                 if re.match(r"\};|private:", line.strip()):
                     self.close_group()
+                self.class_name = "" if line == "};" else self.class_name
                 self.macro(line)
                 self.out.append(line)
                 at += 1
@@ -168,9 +184,11 @@ class Header:
         return "\n".join(self.out) + "\n"
 
     def macro(self, line):
-        """A comment above conditions that begins with a macro's name is that macro's."""
-        if self.words and line.startswith("#if") and re.match(r"[A-Z_]+ ", self.words[0]):
-            self.out += ["/// @file", f"/// @def {self.words[0].split()[0]}"]
+        """A comment above includes is the file's; one above conditions that begins with a macro's
+        name is that macro's."""
+        if self.words and re.match("#(if|include)", line):
+            name = re.match(r"[A-Z_]+(?= )", self.words[0])
+            self.out += ["/// @file", f"/// @def {name[0]}"] if name else ["/// @file"]
             self.write("", self.words)
             self.words = []
 

@@ -10,12 +10,14 @@ import re
 import sys
 
 FOREIGN = {"windows.h": "Windows", "cpl_vsi.h": "GDAL"}
+# What every header includes: the export macro and what it refuses.
+EVERYWHERE = {"TEVSystemExport", "TEVSystemAbi", "TEVSystemBuild"}
 INCLUDE = re.compile(r"^#include [<\"]([^>\"]+)[>\"]", re.MULTILINE)
 
 
 def box_of(file):
     """The box of a file that is named relative to the library's folder."""
-    if "detail" in file.parts:
+    if "detail" in file.parts or file.parts[0] == "owned":
         return "/".join(file.parts[:-1])
     return "/".join(file.parts[:-1] + (re.split(r"[_.]", file.name)[0],))
 
@@ -25,14 +27,14 @@ def edges_of(root):
     library = root / "TEVSystemLib"
     for path in sorted([*library.rglob("*.h"), *library.rglob("*.cpp")]):
         file = path.relative_to(library)
-        if file.name == "TEVSystemExport.h":
-            continue
         box = box_of(file)
+        if box in EVERYWHERE:
+            continue
         edges.setdefault(box, set())
         for name in INCLUDE.findall(path.read_text()):
-            if name.startswith("TEVSystemLib/") and not name.endswith("TEVSystemExport.h"):
+            if name.startswith("TEVSystemLib/"):
                 target = box_of(pathlib.Path(name).relative_to("TEVSystemLib"))
-                edges[box] |= {target} - {box}
+                edges[box] |= {target} - {box} - EVERYWHERE
             elif name in FOREIGN:
                 foreign.setdefault(box, set()).add(FOREIGN[name])
     return edges, foreign

@@ -20,6 +20,7 @@ namespace TAMO::TEV::System::Host {
 template <typename Part>
 class NamedText {
  public:
+    // From any text that lives until the call is over.
     explicit NamedText(const char* text) noexcept : text_(text) {}
     explicit NamedText(const std::string& text) noexcept : text_(text.c_str()) {}
     explicit NamedText(const OwnedText& text) noexcept : text_(text.get()) {}
@@ -27,6 +28,7 @@ class NamedText {
     NamedText& operator=(const NamedText&) = delete;
     ~NamedText() = default;
 
+    // The text, for the call.
     const char* get() const noexcept { return text_; }
 
  private:
@@ -68,6 +70,7 @@ inline bool EndWith(Text text, Suffix suffix, Case letters = Case::Exact) {
 
 // The numbers of "[first,second]".
 struct Indices {
+    // As they stand in the text.
     int first;
     int second;
 };
@@ -91,6 +94,7 @@ inline bool SetUserProperty(Key key, Value value) {
 template <typename Part>
 class NamedNumber {
  public:
+    // The number and what it is; get() is for the call.
     explicit constexpr NamedNumber(std::uint64_t number) noexcept : number_(number) {}
     constexpr std::uint64_t get() const noexcept { return number_; }
 
@@ -106,10 +110,12 @@ using Precision = NamedNumber<struct PrecisionPart>;
 // function changes the layout and returns it: Layout().ShowPlus().ZeroFill().
 class Layout {
  public:
+    // On the left, filled with blanks; with a plus sign; filled with zeros behind the sign.
     Layout& Left() noexcept { return Set(justification_, 'L'); }
     Layout& ShowPlus() noexcept { return Set(showPlus_, true); }
     Layout& ZeroFill() noexcept { return Set(zeroFill_, true); }
 
+    // What was chosen, for the call.
     char Justification() const noexcept { return justification_; }
     bool ShowsPlus() const noexcept { return showPlus_; }
     bool FillsZeros() const noexcept { return zeroFill_; }

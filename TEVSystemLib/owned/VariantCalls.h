@@ -20,6 +20,7 @@ namespace TAMO::TEV::System::Host {
 // The variant that a call fills: what it held is lost, so clear it first.
 class Into {
  public:
+    // Names the variant; get() is for the call.
     explicit Into(tagVARIANT& variant) noexcept : variant_(&variant) {}
     tagVARIANT* get() const noexcept { return variant_; }
 
@@ -30,6 +31,7 @@ class Into {
 // The variant that a call reads.
 class From {
  public:
+    // Names the variant; get() is for the call.
     explicit From(tagVARIANT& variant) noexcept : variant_(&variant) {}
     tagVARIANT* get() const noexcept { return variant_; }
 
@@ -121,6 +123,7 @@ struct ExtractedTable {
         for (auto& [key, value] : values) Util::TEVUtilWindows::DeleteCharBuffer(&value);
     }
 
+    // By key.
     std::map<std::string, char*> values;
 };
 

@@ -171,6 +171,10 @@ class Header:
                 self.forget()
                 self.out.append(line)
                 at += 1
+            elif line.lstrip().startswith("friend "):
+                # What it names is told where it is declared.
+                self.out.append("")
+                at += 1
             elif SKIPPED.match(line):
                 if re.match(r"\};|private:", line.strip()):
                     self.close_group()

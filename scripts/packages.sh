@@ -1,6 +1,7 @@
 # Sourced: installs the Debian packages that a verb needs and the machine lacks.
 
-packages_build=(g++-mingw-w64-x86-64-posix wine64 cmake ninja-build libcli11-dev googletest ccache)
+packages_build=(g++-mingw-w64-x86-64-posix wine64 cmake ninja-build libcli11-dev
+    nlohmann-json3-dev googletest ccache)
 packages_gdal=(dpkg-dev sqlite3 tcl g++ make)
 packages_check=(clang-format-14 clang-tidy-14 git g++ codespell python3 libxml2-utils)
 packages_fuzz=(clang-14 libclang-rt-14-dev g++ cmake ninja-build ccache)

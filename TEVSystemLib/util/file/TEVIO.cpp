@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "TEVSystemLib/util/file/detail/FileContent.h"
 #include "TEVSystemLib/util/file/detail/PathText.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
@@ -152,6 +153,12 @@ bool TEVIO::readFile(char const* const path, char** data, std::uint64_t& size) t
     return true;
 } catch (...) {
     return false;
+}
+
+bool detail::RemoveFile(const std::string& path) { return VSIUnlink(path.c_str()) == 0; }
+
+bool detail::MoveOverVirtual(const std::string& from, const std::string& to) {
+    return VSIRename(from.c_str(), to.c_str()) == 0;
 }
 
 std::string TEVIO::getFilePath() try { return state_->path; } catch (...) {

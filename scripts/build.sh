@@ -69,7 +69,7 @@ verb_test() {
 }
 
 test_quickly() {
-    need_packages "${packages_check[@]}"
+    need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
     test_presets "the product under Wine, the platform-free code natively" mingw-release host |
         keep_number test Tests
@@ -81,7 +81,7 @@ test_all() {
         export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
         test_quickly
     )
-    need_packages "${packages_check[@]}"
+    need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels 'Instruction levels'

@@ -14,11 +14,7 @@ basis=$(git ls-files -z --cached --others --exclude-standard 'TEVSystemLib/*.h' 
 # For Windows clang needs to be told where the cross compiler has its headers.
 options=()
 if grep -q -- "$triplet" "$build/compile_commands.json"; then
-    mapfile -t options < <(
-        echo "--extra-arg=--target=$triplet"
-        "$triplet-g++-posix" -E -x c++ -v - </dev/null 2>&1 |
-            sed -n 's#^ \(/.*\(c++\|mingw32/include\).*\)$#--extra-arg=-isystem\1#p'
-    )
+    mapfile -t options < <(clang_options_for_windows | sed 's/^/--extra-arg=/')
 fi
 
 lint() {

@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include <iomanip>
-#include <stdexcept>
+#include <iostream>
 
 #include "tools/tevsys_json.h"
 
@@ -85,17 +85,16 @@ const char* NameOf(Problem problem) {
     return "none";
 }
 
-// UTF-8 as the loader takes names; a text that is none is taken for one already.
-std::string ToAnsi(const std::string& text) {
-    const int count = static_cast<int>(text.size());
-    std::wstring wide(text.size(), L'\0');
-    const int wideCount =
-        MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), count, wide.data(), count);
-    std::string ansi(text.size(), '\0');
-    const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), wideCount, ansi.data(), count,
-                                         nullptr, nullptr);
-    ansi.resize(static_cast<std::size_t>(size));
-    return ansi.empty() ? text : ansi;
+// As the loader takes names.
+std::string ToAnsi(const std::string& utf8) {
+    const std::wstring wide = ToWide(utf8);
+    const auto convert = [&wide](char* out, int size) {
+        return WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), out, size,
+                                   nullptr, nullptr);
+    };
+    std::string ansi(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+    convert(ansi.data(), static_cast<int>(ansi.size()));
+    return ansi;
 }
 
 std::string Line(const Module& module) {
@@ -180,8 +179,8 @@ Json ToJson(const Explanation& explanation) {
 
 }  // namespace
 
-bool ShowDoctor(std::ostream& out, const std::string& module,
-                const std::vector<std::string>& directories, bool asJson) {
+ExitCode Doctor(const std::string& module, const std::vector<std::string>& directories,
+                bool asJson) {
     std::vector<std::string> folders;
     for (const std::string& directory : directories) folders.push_back(ToAnsi(directory));
     std::vector<const char*> dirs;
@@ -189,12 +188,12 @@ bool ShowDoctor(std::ostream& out, const std::string& module,
     Explanation explanation;
     if (!Diagnostics::ExplainLoadFailure(ToAnsi(module).c_str(), dirs.data(), dirs.size(),
                                          explanation))
-        throw std::runtime_error("no explanation: memory is exhausted");
+        return Fail(kFailed, "there is not enough memory");
     if (asJson)
-        Write(out, ToJson(explanation));
+        Write(std::cout, ToJson(explanation));
     else
-        ShowTree(out, explanation);
-    return explanation.problem == Problem::None;
+        ShowTree(std::cout, explanation);
+    return explanation.problem == Problem::None ? kDone : kFailed;
 }
 
 }  // namespace tevsys

@@ -2,16 +2,181 @@
 
 #include <TEVSystemLib/TEVSystemExport.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace TAMO::TEV::System {
 
-// Tells why things are as they are. Plain structs come out, no exception does.
+// Tells why the configuration is as it is: what supplied a value, what is odd in a properties file,
+// what the environment directives do; and why a module does not load. The functions for the
+// configuration read the files and the environment as they are now and go through the steps of
+// TEVSystemProperties with them, changing nothing: neither the store nor the environment. None of
+// them makes the store, but for those that say so.
+//
+// Every function gives false, with its output empty, when memory is exhausted; nothing throws.
+// Texts from files come as their bytes stand, texts from the environment as the C locale has them.
+//
+// Threads: as TEVSystemProperties, with which they must not run at the same time; where a function
+// says otherwise, that holds. A snapshot may be read by any thread.
 class TEVSYSTEMLIB_API TEVSystemDiagnostics {
  public:
     TEVSystemDiagnostics() = delete;
+
+    // What supplies a value, in the order of a lookup.
+    enum class Layer : int {
+        None,
+        UserFile,
+        SystemFile,
+        Noted,              // what the store notes about its files
+        CachedEnvironment,  // a variable that a reference has copied into the system table, with
+                            // the value from before the directives
+        Environment,        // a variable, with its value after the directives
+        SetInProcess        // SetUserProperty, or a file that has changed since
+    };
+
+    // A line of a file, counted from 1; no file and 0 for what stands in none.
+    struct Place {
+        std::string file;
+        std::size_t line = 0;
+    };
+
+    enum class Fate : int {
+        Resolved,
+        Unresolved,    // nothing has that name: the reference stays as it is
+        ToItself,      // its own text was put in
+        ExpandedLater  // put in with references of its own, which are not expanded any more
+    };
+
+    // A reference in a value.
+    struct Reference {
+        std::string name;
+        Fate fate = Fate::Resolved;
+        Layer layer = Layer::None;
+        Place place;
+        std::string value;
+    };
+
+    // A value, as it was written and as a lookup gives it.
+    struct Source {
+        Layer layer = Layer::None;
+        Place place;
+        std::string written;
+        std::string value;
+    };
+
+    enum class Outcome : int {
+        Changed,
+        Unchanged,  // it is so already
+        Refused,    // the variable is not set, or the system refuses the value
+        Ignored     // malformed, or a folder that does not exist
+    };
+
+    // What an environment directive does to its variable.
+    struct DirectiveStep {
+        std::string key;
+        Place place;
+        std::string kind;  // "add.path"; empty for none
+        std::string variable;
+        std::string value;
+        Outcome outcome = Outcome::Ignored;
+        std::string reason;  // why it changes nothing
+        std::optional<std::string> before;
+        std::optional<std::string> after;
+    };
+
+    enum class Kind : int { Other, Switch, Level, LoggerList, Mode, FreeText };
+
+    // What putting a well-known key right has done to its value.
+    enum class Correction : int { None, Rewritten, DefaultTaken };
+
+    struct Explanation {
+        std::string key;
+        // What a lookup answers.
+        Source answer;
+        // The answer before well-known keys are put right, and its references in their order.
+        std::string expanded;
+        std::vector<Reference> references;
+        Correction correction = Correction::None;
+        // What gives way to the answer, earlier lines of a file included.
+        std::vector<Source> losers;
+        // The directives that have changed the variable of that name.
+        std::vector<DirectiveStep> directives;
+        // Of a well-known key.
+        Kind kind = Kind::Other;
+        std::string defaultValue;
+        // What this process's store answers, if it has been made; it differs from `answer` when
+        // files or environment have changed since, or a user property was set.
+        bool isStoreMade = false;
+        Source held;
+    };
+
+    // What a lookup of a key would answer. A null key counts as empty.
+    static bool ExplainProperty(const char* key, Explanation& explanation);
+    // The same for every key that is in a table, sorted.
+    static bool ExplainProperties(std::vector<Explanation>& explanations);
+
+    enum class Severity : int { Note, Warning };
+
+    struct Finding {
+        Place place;
+        Severity severity = Severity::Warning;
+        std::string id;     // "duplicate-key": for programs
+        std::string key;    // empty for a line without one
+        std::string value;  // what the message quotes of a value, as it stands there
+        std::string message;
+    };
+
+    enum class FileRole : int { ByName, System, User };
+
+    // What is odd in a properties file, in the order of its lines. ByName takes every file for a
+    // system file whose name is not that of user files. The path is UTF-8. The other file, for
+    // references, is the one that the store finds. False also when the file cannot be read.
+    static bool CheckPropertiesFile(const char* path, FileRole role,
+                                    std::vector<Finding>& findings);
+
+    // What loading the store would do to the environment, in the order of execution.
+    static bool PlanEnvironmentDirectives(std::vector<DirectiveStep>& steps);
+
+    enum class Table : int { System, User };
+
+    struct Tables {
+        std::map<std::string, std::string> system;
+        std::map<std::string, std::string> user;
+    };
+
+    // Never changes; copies share it.
+    using Snapshot = std::shared_ptr<const Tables>;
+
+    // An entry that one of two snapshots lacks or that differs.
+    struct Change {
+        Table table = Table::User;
+        std::string key;
+        std::optional<std::string> before;
+        std::optional<std::string> after;
+    };
+
+    // The tables of the store, which is made by the first call.
+    static bool TakePropertiesSnapshot(Snapshot& snapshot);
+    // What has changed, system table first, sorted. A null snapshot counts as empty.
+    static bool CompareSnapshots(const Snapshot& before, const Snapshot& after,
+                                 std::vector<Change>& changes);
+
+    // Saves the user properties that were set since the store was loaded or last saved by this
+    // function, and leaves all else in the user file as it stands: comments, order, references,
+    // other lines. The value of the last line of a key is replaced; new keys come at the end. The
+    // new text is written beside the file, read back, and then takes its place at once. `changes`,
+    // if not null, receives the values as written in the file, before and after; it stays empty
+    // when nothing need be changed, and the file is then not written.
+    //
+    // False, with the file and the store as they were, when no user file exists, it cannot be read,
+    // a key or value cannot be held by a line, the text cannot be written, or the file cannot be
+    // replaced. Makes the store.
+    static bool SaveUserPropertiesPreserving(std::vector<Change>* changes);
 
     enum class ModuleState : int {
         Found,

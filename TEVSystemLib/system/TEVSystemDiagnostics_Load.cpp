@@ -4,6 +4,7 @@
 #include "TEVSystemLib/system/detail/LoadCause.h"
 #include "TEVSystemLib/system/detail/LoaderFolders.h"
 #include "TEVSystemLib/system/detail/LoaderState.h"
+#include "TEVSystemLib/system/detail/ModuleFault.h"
 #include "TEVSystemLib/system/detail/ModuleTree.h"
 #include "TEVSystemLib/util/file/detail/PathText.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
@@ -21,7 +22,7 @@ using Util::detail::LoadOutcome;
 using Util::detail::ToAnsi;
 using Util::detail::ToUtf8;
 
-using Explanation = TEVSystemDiagnostics::LoadExplanation;
+using LoadExplanation = TEVSystemDiagnostics::LoadExplanation;
 using Problem = TEVSystemDiagnostics::LoadProblem;
 
 constexpr unsigned long kStartRefused = 1114;
@@ -67,7 +68,7 @@ std::vector<std::string> Ignored(char const** dirs, std::uint64_t count,
 }
 
 void DescribeSearch(const Question& question, const detail::LoaderFacts& facts,
-                    Explanation& explanation) {
+                    LoadExplanation& explanation) {
     // As the load does: with a directory that exists, even one that the system refuses.
     explanation.isPathConsulted = question.directories.empty();
     explanation.folders =
@@ -78,7 +79,7 @@ void DescribeSearch(const Question& question, const detail::LoaderFacts& facts,
 }
 
 std::string OnPath(const detail::ModuleFault& fault, const detail::LoaderFacts& facts,
-                   const Explanation& explanation) {
+                   const LoadExplanation& explanation) {
     if (fault.problem != Problem::ModuleMissing || explanation.isPathConsulted) return {};
     const auto place =
         detail::FindModule(fault.culprit->name, detail::OrdinaryFolders(facts), facts);
@@ -86,7 +87,7 @@ std::string OnPath(const detail::ModuleFault& fault, const detail::LoaderFacts& 
 }
 
 // Which of the modules refuses: asked one by one, those that are needed first.
-detail::ModuleFault RefusedStart(const Explanation& explanation, const Question& question) {
+detail::ModuleFault RefusedStart(const LoadExplanation& explanation, const Question& question) {
     const TEVSystemDiagnostics::Module& root = explanation.module;
     for (const auto* module : detail::StartOrder(root))
         if (Load(ToAnsi(FromUtf8(module->file)), question).code == kStartRefused)
@@ -94,14 +95,14 @@ detail::ModuleFault RefusedStart(const Explanation& explanation, const Question&
     return {Problem::Unexplained, &root, nullptr};
 }
 
-detail::ModuleFault FaultOfTheLoad(const Explanation& explanation, const Question& question) {
+detail::ModuleFault FaultOfTheLoad(const LoadExplanation& explanation, const Question& question) {
     const auto fault = detail::FirstFault(explanation.module);
     if (fault.problem != Problem::None || explanation.isLoaded) return fault;
     if (explanation.code == kStartRefused) return RefusedStart(explanation, question);
     return {Problem::Unexplained, &explanation.module, nullptr};
 }
 
-void Explain(const Question& question, Explanation& explanation) {
+void Explain(const Question& question, LoadExplanation& explanation) {
     const detail::LoaderFacts facts = detail::LoaderFactsOfThisProcess();
     DescribeSearch(question, facts, explanation);
     const auto find = [&](const std::string& name) {
@@ -123,7 +124,7 @@ bool TEVSystemDiagnostics::ExplainLoadFailure(char const* name, char const** dir
                                               std::uint64_t count,
                                               LoadExplanation& explanation) try {
     explanation = {};
-    Explanation result;
+    LoadExplanation result;
     const Question question{Util::detail::NormalisedPath(Util::detail::OrEmpty(name)),
                             Util::detail::ExistingFolders(dirs, count)};
     result.name = Utf8(question.name);

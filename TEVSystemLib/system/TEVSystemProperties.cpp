@@ -1,6 +1,6 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 
-#include "TEVSystemLib/system/detail/PropertyTables.h"
+#include "TEVSystemLib/system/detail/StoreTables.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/windows/detail/ProcessEnvironment.h"
@@ -11,16 +11,24 @@ namespace {
 
 struct Store : TEVSystemProperties {
     detail::PropertyTables Tables() { return {getProperties(), getUserProperties()}; }
+
+    // Keys of the user properties set since they were loaded or saved faithfully.
+    std::set<std::string> unsaved;
 };
 
 // Destroyed at process exit or when the DLL is unloaded.
 std::unique_ptr<Store> store;
 
+void Load(Store& loaded) {
+    loaded.unsaved.clear();
+    detail::LoadTables(loaded.Tables());
+}
+
 Store& Created() {
     if (!store) {
         // The store is there, with empty tables, before it is loaded: loading looks names up in it.
         store = std::make_unique<Store>();
-        detail::LoadTables(store->Tables());
+        Load(*store);
     }
     return *store;
 }
@@ -30,14 +38,18 @@ Store& Created() {
 namespace detail {
 
 const std::string* Lookup(PropertyTables tables, const std::string& key) {
-    if (const auto found = tables.user.find(key); found != tables.user.end()) return &found->second;
-    if (const auto found = tables.system.find(key); found != tables.system.end())
-        return &found->second;
-    // KEEP: cached for good; a later change of the variable is not seen until the store is
-    // reloaded.
-    auto value = Util::detail::TryReadVariable(key);
-    if (!value) return nullptr;
-    return &tables.system.emplace(key, *std::move(value)).first->second;
+    return LookUp(tables, key,
+                  [](const std::string& name) { return Util::detail::TryReadVariable(name); });
+}
+
+std::optional<StoreState> ExistingStore() {
+    if (!store) return std::nullopt;
+    return StoreState{store->Tables(), store->unsaved};
+}
+
+StoreState MadeStore() {
+    Store& made = Created();
+    return {made.Tables(), made.unsaved};
 }
 
 }  // namespace detail
@@ -61,7 +73,7 @@ std::map<std::string, std::string>& TEVSystemProperties::getUserProperties() {
 
 void TEVSystemProperties::InitializeProperties() try {
     if (store) {
-        detail::LoadTables(store->Tables());
+        Load(*store);
     } else {
         get();
     }

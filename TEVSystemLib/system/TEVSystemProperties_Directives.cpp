@@ -1,7 +1,7 @@
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 
 #include "TEVSystemLib/system/detail/DirectivePlan.h"
-#include "TEVSystemLib/system/detail/PropertyTables.h"
+#include "TEVSystemLib/system/detail/StoreTables.h"
 
 namespace TAMO::TEV::System::detail {
 
@@ -9,37 +9,21 @@ namespace {
 
 using Util::TEVUtilWindows;
 
-enum ListOperation : int { Add = 0, Remove = 1 };
-
-// Refusals are not errors: the next directive is executed all the same.
-void Execute(const Directive& directive) {
-    const char* variable = directive.variable.c_str();
-    const char* value = directive.value.c_str();
-    const auto exists = [variable] { return TEVUtilWindows::EnvironmentVariableExists(variable); };
-    switch (directive.kind) {
-        case DirectiveKind::Add:
-            TEVUtilWindows::ModifySessionEnvironmentVariable(variable, value, false, Add);
-            break;
-        case DirectiveKind::AddPath:
-            TEVUtilWindows::ModifySessionEnvironmentVariable(variable, value, true, Add);
-            break;
-        case DirectiveKind::Delete:
-            if (exists()) TEVUtilWindows::SetSessionEnvironmentVariable(variable, nullptr);
-            break;
-        case DirectiveKind::New:
-        case DirectiveKind::NewPath:
-            TEVUtilWindows::SetSessionEnvironmentVariable(variable, value);
-            break;
-        case DirectiveKind::Replace:
-        case DirectiveKind::ReplacePath:
-            if (exists()) TEVUtilWindows::SetSessionEnvironmentVariable(variable, value);
-            break;
-        case DirectiveKind::RemoveElement:
-            if (exists())
-                TEVUtilWindows::ModifySessionEnvironmentVariable(variable, value, false, Remove);
-            break;
+// The environment of this process.
+class ThisSession final : public VariableSession {
+ public:
+    bool Exists(const std::string& name) override {
+        return TEVUtilWindows::EnvironmentVariableExists(name.c_str());
     }
-}
+    bool Set(const std::string& name, const char* value) override {
+        return TEVUtilWindows::SetSessionEnvironmentVariable(name.c_str(), value);
+    }
+    bool Modify(const std::string& name, const std::string& element, bool prepend,
+                int operation) override {
+        return TEVUtilWindows::ModifySessionEnvironmentVariable(name.c_str(), element.c_str(),
+                                                                prepend, operation);
+    }
+};
 
 }  // namespace
 
@@ -47,7 +31,10 @@ void ExecuteDirectives(const Properties& system) {
     const auto folderExists = [](const std::string& folder) {
         return TEVUtilWindows::DirectoryExists(folder.c_str());
     };
-    for (const Directive& directive : PlanDirectives(system, folderExists)) Execute(directive);
+    ThisSession session;
+    // Refusals are not errors: the next directive is executed all the same.
+    for (const Directive& directive : PlanDirectives(system, folderExists))
+        Execute(directive, session);
 }
 
 }  // namespace TAMO::TEV::System::detail

@@ -1,72 +1,41 @@
-#include <TEVSystemLib/system/TEVSysCnst.h>
 #include <TEVSystemLib/util/file/TEVUtilFile.h>
 
 #include "TEVSystemLib/system/detail/ConfigurationFolders.h"
-#include "TEVSystemLib/system/detail/PropertyTables.h"
-#include "TEVSystemLib/system/detail/ReferenceExpansion.h"
-#include "TEVSystemLib/system/detail/WellKnownProperties.h"
+#include "TEVSystemLib/system/detail/StoreTables.h"
+#include "TEVSystemLib/system/detail/TableLoad.h"
 
 namespace TAMO::TEV::System::detail {
 
 namespace {
 
-using Key = TEVSysCnst::PropertyKey;
+// The files and the environment of this process.
+class ThisProcess final : public LoadWorld {
+ public:
+    explicit ThisProcess(PropertyTables tables) : tables_(tables) {}
 
-// The pairs of a properties file, and where it was looked for under the two keys given.
-Properties Read(const std::string& folder, const char* fileName, const char* folderKey) {
-    const std::string path = folder + fileName;
-    Properties read;
-    Util::TEVUtilFile::GetKeyValuePairsFromFile(path, read, false);
-    read[folderKey] = folder;
-    read[fileName] = path;
-    return read;
-}
-
-void ReadSystemFile(Properties& system) {
-    system.clear();
-    // KEEP: without a folder the bare file name is tried; only the system file has this.
-    system = Read(FindSystemFolder(), Key::TEV_SYS_PROPERTIES_FILE_NAME, Key::TEV_SYS_CONFIG_DIR);
-}
-
-void ReadUserFile(Properties& user) {
-    user.clear();
-    const std::string folder = FindUserFolder();
-    if (folder.empty()) return;
-    user = Read(folder, Key::TEV_USER_PROPERTIES_FILE_NAME, Key::TEV_USER_CONFIG_DIR);
-}
-
-// KEEP: one pass in key order; a value put in is not expanded again.
-// The lookup may add environment values to the table that is walked; those behind the current key
-// are expanded in their turn.
-void Expand(Properties& table, PropertyTables tables) {
-    const auto lookup = [tables](const std::string& name) { return Lookup(tables, name); };
-    for (auto& [key, value] : table) {
-        if (value.find('%') != std::string::npos) value = ExpandReferences(value, lookup);
+    FilePlace FindSystemFile() override { return SystemFileIn(FindSystemFolder()); }
+    FilePlace FindUserFile() override { return UserFileIn(FindUserFolder()); }
+    Properties Read(const FilePlace& file) override {
+        Properties read;
+        Util::TEVUtilFile::GetKeyValuePairsFromFile(file.Path(), read, false);
+        return read;
     }
-}
-
-void Normalise(Properties& system) {
-    for (auto& [key, value] : system) {
-        if (const auto corrected = CorrectedValue(key, value)) value = *corrected;
+    const std::string* Resolve(const Properties&, const std::string&,
+                               const std::string& name) override {
+        return Lookup(tables_, name);
     }
-}
+    void ExecuteDirectives(const Properties& system) override { detail::ExecuteDirectives(system); }
+    void StepFailed() override {}
 
-template <typename Step>
-void Attempt(Step step) noexcept try {
-    step();
-} catch (...) {
-    return;
-}
+ private:
+    PropertyTables tables_;
+};
 
 }  // namespace
 
 void LoadTables(PropertyTables tables) noexcept {
-    Attempt([tables] { ReadSystemFile(tables.system); });
-    Attempt([tables] { ReadUserFile(tables.user); });
-    Attempt([tables] { Expand(tables.system, tables); });
-    Attempt([tables] { Expand(tables.user, tables); });
-    Attempt([tables] { ExecuteDirectives(tables.system); });
-    Attempt([tables] { Normalise(tables.system); });
+    ThisProcess world(tables);
+    LoadTables(tables, world);
 }
 
 }  // namespace TAMO::TEV::System::detail

@@ -3,7 +3,7 @@
 #include <TEVSystemLib/util/file/TEVIO.h>
 
 #include "TEVSystemLib/system/detail/ConfigurationFolders.h"
-#include "TEVSystemLib/system/detail/PropertyTables.h"
+#include "TEVSystemLib/system/detail/StoreTables.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 
 namespace TAMO::TEV::System {
@@ -20,7 +20,13 @@ std::string Lines(const detail::Properties& table) {
 
 bool TEVSystemProperties::SetUserProperty(const char* key, const char* value) try {
     if (value == nullptr) return false;
-    get().getUserProperties()[std::string(Util::detail::OrEmpty(key))] = value;
+    const std::string name(Util::detail::OrEmpty(key));
+    const detail::StoreState store = detail::MadeStore();
+    std::set<std::string> mark;
+    if (store.unsaved.count(name) == 0) mark.insert(name);
+    // The value is made first: an entry without one would be left behind when memory is exhausted.
+    store.tables.user.insert_or_assign(name, std::string(value));
+    store.unsaved.merge(mark);
     return true;
 } catch (...) {
     return false;

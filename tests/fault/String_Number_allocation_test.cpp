@@ -84,40 +84,58 @@ const AllocatingFunctions plain{
      }},
 };
 
-const AllocatingFunctions parsers{
+template <typename T>
+void ConvertsWithoutMemory(Attempt& attempt, bool (*parse)(const char*, T&)) {
+    Converts(attempt, T{12}, [parse](T& value) { return parse(kZeros, value); });
+}
+
+// Numbers that fit are read as they stand.
+const IdleFunctions plainNumbers{
     {"TEVUtilString::ToInteger(char const*, int&)", "",
-     [](Attempt& attempt) {
-         Converts(attempt, 12, [](int& value) { return String::ToInteger(kZeros, value); });
-     }},
-    {"TEVUtilString::ToLong(char const*, long&)", "",
-     [](Attempt& attempt) {
-         Converts(attempt, 12L, [](long& value) { return String::ToLong(kZeros, value); });
-     }},
-    {"TEVUtilString::ToUnsignedInt(char const*, unsigned int&)", "",
-     [](Attempt& attempt) {
-         Converts(attempt, 12U,
-                  [](unsigned int& value) { return String::ToUnsignedInt(kZeros, value); });
-     }},
-    {"TEVUtilString::ToInt64(char const*, long long&)", "",
-     [](Attempt& attempt) {
-         Converts(attempt, std::int64_t{12},
-                  [](std::int64_t& value) { return String::ToInt64(kZeros, value); });
-     }},
-    {"TEVUtilString::ToUInt64(char const*, unsigned long long&)", "",
-     [](Attempt& attempt) {
-         Converts(attempt, std::uint64_t{12},
-                  [](std::uint64_t& value) { return String::ToUInt64(kZeros, value); });
-     }},
-    {"TEVUtilString::ToDouble(char const*, double&)", "",
-     [](Attempt& attempt) {
-         Converts(attempt, 12.0, [](double& value) { return String::ToDouble(kZeros, value); });
-     }},
+     [](Attempt& attempt) { ConvertsWithoutMemory(attempt, String::ToInteger); }},
     {"TEVUtilString::ToInteger(char const*, int&)", "no digits before the point",
      [](Attempt& attempt) {
-         int value = 77;
-         const bool isConverted = attempt.Call(
-             [&] { return String::ToInteger(".00000000000000000000000000001", value); });
-         EXPECT_EQ(value, attempt.Succeeded(isConverted) ? 0 : 77);
+         Converts(attempt, 0, [](int& value) {
+             return String::ToInteger(".00000000000000000000000000001", value);
+         });
+     }},
+    {"TEVUtilString::ToLong(char const*, long&)", "",
+     [](Attempt& attempt) { ConvertsWithoutMemory(attempt, String::ToLong); }},
+    {"TEVUtilString::ToUnsignedInt(char const*, unsigned int&)", "",
+     [](Attempt& attempt) { ConvertsWithoutMemory(attempt, String::ToUnsignedInt); }},
+    {"TEVUtilString::ToInt64(char const*, long long&)", "",
+     [](Attempt& attempt) { ConvertsWithoutMemory(attempt, String::ToInt64); }},
+    {"TEVUtilString::ToUInt64(char const*, unsigned long long&)", "",
+     [](Attempt& attempt) { ConvertsWithoutMemory(attempt, String::ToUInt64); }},
+    {"TEVUtilString::ToDouble(char const*, double&)", "",
+     [](Attempt& attempt) { ConvertsWithoutMemory(attempt, String::ToDouble); }},
+};
+
+// Of numbers that do not fit the C runtime and the streams make what they like.
+template <typename T>
+void ConvertsToo(Attempt& attempt, bool (*parse)(const char*, T&), const char* text) {
+    T expected{};
+    ASSERT_TRUE(parse(text, expected));
+    Converts(attempt, expected, [parse, text](T& value) { return parse(text, value); });
+}
+
+constexpr const char* kBeyond32Bits = "0000000000000004294967308";
+constexpr const char* kBeyond64Bits = "0000000018446744073709551628";
+
+const AllocatingFunctions parsers{
+    {"TEVUtilString::ToInteger(char const*, int&)", "beyond the type",
+     [](Attempt& attempt) { ConvertsToo(attempt, String::ToInteger, kBeyond32Bits); }},
+    {"TEVUtilString::ToLong(char const*, long&)", "beyond the type",
+     [](Attempt& attempt) { ConvertsToo(attempt, String::ToLong, kBeyond32Bits); }},
+    {"TEVUtilString::ToUnsignedInt(char const*, unsigned int&)", "beyond the type",
+     [](Attempt& attempt) { ConvertsToo(attempt, String::ToUnsignedInt, kBeyond32Bits); }},
+    {"TEVUtilString::ToInt64(char const*, long long&)", "beyond the type",
+     [](Attempt& attempt) { ConvertsToo(attempt, String::ToInt64, kBeyond64Bits); }},
+    {"TEVUtilString::ToUInt64(char const*, unsigned long long&)", "beyond the type",
+     [](Attempt& attempt) { ConvertsToo(attempt, String::ToUInt64, kBeyond64Bits); }},
+    {"TEVUtilString::ToDouble(char const*, double&)", "below the type",
+     [](Attempt& attempt) {
+         ConvertsToo(attempt, String::ToDouble, "0.00000000000000000000001e-400");
      }},
     {"TEVUtilString::ExtractIndices(char const*, int&, int&)", "",
      [](Attempt& attempt) {

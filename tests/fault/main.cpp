@@ -1,4 +1,3 @@
-#include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -6,6 +5,7 @@
 #include <string_view>
 
 #include "fault/Allocator.h"
+#include "fault/FirstUses.h"
 #include "fault/GuardedMemory.h"
 #include "fault/Ledger.h"
 
@@ -60,10 +60,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     SetUnhandledExceptionFilter(TellTrap);
     tev::fault::StartGuarding();
-    // GoogleTest keeps its trace stack from the first use on.
-    { SCOPED_TRACE("first use"); }
-    // The store lives as long as the process: it is no test's to release.
-    TAMO::TEV::System::TEVSystemProperties::InitializeProperties();
+    testing::AddGlobalTestEnvironment(new tev::fault::FirstUses);
     testing::UnitTest::GetInstance()->listeners().Append(new BalanceListener);
     return RUN_ALL_TESTS();
 }

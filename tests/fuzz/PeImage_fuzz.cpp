@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "TEVSystemLib/system/detail/ModuleFault.h"
 #include "TEVSystemLib/system/detail/ModuleTree.h"
 #include "TEVSystemLib/util/windows/detail/PeImage.h"
 #include "fuzz/Fuzz.h"

@@ -23,7 +23,9 @@ void PrintTo(const Directive& directive, std::ostream* out) {
 namespace {
 
 using TAMO::TEV::System::detail::Directive;
+using TAMO::TEV::System::detail::DirectiveFlaw;
 using TAMO::TEV::System::detail::DirectiveKind;
+using TAMO::TEV::System::detail::ExamineDirectives;
 using TAMO::TEV::System::detail::PlanDirectives;
 
 using Plan = std::vector<Directive>;
@@ -178,6 +180,53 @@ TEST(PlanDirectives, OrderIsByGroupThenByKey) {
         {DirectiveKind::RemoveElement, "A", "1"},
     };
     EXPECT_EQ(plan, expected);
+}
+
+TEST(ExamineDirectives, TellsWhyAnEntryIsLeftOut) {
+    const struct {
+        const char *key, *text, *variable;
+        DirectiveFlaw flaw;
+    } rows[] = {
+        {"tev.env.new.1", "X|1", "X", DirectiveFlaw::None},
+        {"tev.env.new.1", "X", "X", DirectiveFlaw::NoBar},
+        {"tev.env.new.1", "", "", DirectiveFlaw::NoBar},
+        {"tev.env.new.1", "X|", "X", DirectiveFlaw::OnePiece},
+        {"tev.env.new.1", "|", "", DirectiveFlaw::OnePiece},
+        {"tev.env.new.1", "X|1|2", "X", DirectiveFlaw::ManyPieces},
+        {"tev.env.new.1", "X| ", "X", DirectiveFlaw::BlankPiece},
+        {"tev.env.new.1", " |1", "", DirectiveFlaw::BlankPiece},
+        {"tev.env.new.path.1", "X|C:/tools", "X", DirectiveFlaw::None},
+        {"tev.env.new.path.1", "X|C:/none", "X", DirectiveFlaw::NoFolder},
+        {"tev.env.del.1", "X", "X", DirectiveFlaw::None},
+        {"tev.env.del.1", " ", "", DirectiveFlaw::NoVariable},
+        {"tev.env.bad.1", "X|1", "", DirectiveFlaw::UnknownPrefix},
+        {"tev.env.", "X|1", "", DirectiveFlaw::UnknownPrefix},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.key) + " = " + row.text);
+        const auto entries =
+            ExamineDirectives({{"a", "b"}, {row.key, row.text}, {"tev.f", "g"}},
+                              [](const std::string& folder) { return folder == kFolder; });
+        ASSERT_EQ(entries.size(), 1U);
+        EXPECT_EQ(entries[0].key, row.key);
+        EXPECT_EQ(entries[0].flaw, row.flaw);
+        EXPECT_EQ(entries[0].directive.variable, row.variable);
+    }
+}
+
+TEST(NameOf, IsWhatTheKeysCallTheKind) {
+    const struct {
+        DirectiveKind kind;
+        const char* name;
+    } rows[] = {{DirectiveKind::Add, "add"},
+                {DirectiveKind::AddPath, "add.path"},
+                {DirectiveKind::Delete, "del"},
+                {DirectiveKind::New, "new"},
+                {DirectiveKind::NewPath, "new.path"},
+                {DirectiveKind::Replace, "replace"},
+                {DirectiveKind::ReplacePath, "replace.path"},
+                {DirectiveKind::RemoveElement, "rm"}};
+    for (const auto& row : rows) EXPECT_EQ(TAMO::TEV::System::detail::NameOf(row.kind), row.name);
 }
 
 }  // namespace

@@ -95,4 +95,37 @@ TEST(KeyValueParser, AgreesWithTheModelOnRandomBytes) {
     EXPECT_GT(pairs, 30'000u) << "the texts hardly hold a pair";
 }
 
+TEST(NextLine, TellsWhyALineAddsNothing) {
+    const struct {
+        const char *text, *key, *value;
+        LineFault fault;
+    } rows[] = {
+        {"a = 1", "a", "1", LineFault::None},
+        {"\n # c\n a b\t= 1 2 \r\n", "a b", "1 2", LineFault::None},
+        {"a", "a", "", LineFault::NoSeparator},
+        {" a b \t\n=", "a b", "", LineFault::NoSeparator},
+        {"a=", "a", "", LineFault::NoValue},
+        {"a b = \t\r\n", "a b", "", LineFault::NoValue},
+        {"=", "", "", LineFault::NoKey},
+        {"  = 1\n", "", "", LineFault::NoKey},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        KeyValueParser parser(row.text, KeyValueSyntax::EqualSeparated);
+        const auto line = parser.NextLine();
+        ASSERT_TRUE(line);
+        EXPECT_EQ(line->fault, row.fault);
+        EXPECT_EQ(line->pair.key, row.key);
+        EXPECT_EQ(line->pair.value, row.value);
+    }
+}
+
+TEST(NextLine, SkipsEmptyLinesAndCommentsAndGoesOnBehindAFault) {
+    KeyValueParser parser("# a\n\n \t\r\nb\n=\nc=\nd=1", KeyValueSyntax::EqualSeparated);
+    std::string faults;
+    while (const auto line = parser.NextLine())
+        faults += std::to_string(static_cast<int>(line->fault));
+    EXPECT_EQ(faults, "1320");
+}
+
 }  // namespace

@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 
+#include "TEVSystemLib/system/detail/ModuleFault.h"
 #include "support/PeFile.h"
 
 namespace {

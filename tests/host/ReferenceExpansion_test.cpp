@@ -97,4 +97,11 @@ TEST(ExpandReferences, LongTexts) {
     EXPECT_EQ(Expand(std::string(100'001, '%'), {}), std::string(100'001, '%'));
 }
 
+TEST(HasReference, WantsTwoMarks) {
+    for (const char* text : {"%a%", "%%", "x%a b%x", "100% of 5%"})
+        EXPECT_TRUE(TAMO::TEV::System::detail::HasReference(text)) << text;
+    for (const char* text : {"", "%", "a", "100%"})
+        EXPECT_FALSE(TAMO::TEV::System::detail::HasReference(text)) << text;
+}
+
 }  // namespace

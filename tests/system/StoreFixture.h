@@ -46,14 +46,17 @@ class CurrentFolder {
 
 // Fresh configuration folders that the variables name, none with a file in it, an APPDATA without a
 // Tamo folder and an empty current folder. Afterwards the store holds nothing but its bookkeeping.
-class StoreFixture : public ::testing::Test {
+class StoreFolders {
  protected:
-    ~StoreFixture() override {
+    StoreFolders() = default;
+    ~StoreFolders() {
         systemVariable_.Set(std::nullopt);
         userVariable_.Set(std::nullopt);
         appDataVariable_.Set(std::nullopt);
         Store::InitializeProperties();
     }
+    StoreFolders(const StoreFolders&) = delete;
+    StoreFolders& operator=(const StoreFolders&) = delete;
 
     // Writes the files given into the two folders and builds the store from them.
     void Load(std::optional<std::string_view> system,
@@ -81,5 +84,7 @@ class StoreFixture : public ::testing::Test {
     const Folder empty_;
     const CurrentFolder current_{empty_};
 };
+
+class StoreFixture : public ::testing::Test, protected StoreFolders {};
 
 }  // namespace tev::test

@@ -4,6 +4,7 @@
 #include <TEVSystemLib/util/file/TEVIO.h>
 
 #include <optional>
+#include <utility>
 
 #include "TEVSystemLib/util/windows/detail/ProcessEnvironment.h"
 #include "TEVSystemLib/util/windows/detail/ProcessModules.h"
@@ -15,50 +16,45 @@ namespace {
 using Key = TEVSysCnst::PropertyKey;
 using Folder = std::optional<std::string>;
 
-Folder FromPathVariable(const char* name) try {
-    return Util::detail::ReadPathVariable(name);
-} catch (...) {
-    return std::nullopt;
-}
-
-Folder FromModule(const char* name) try { return Util::detail::ModuleFolder(name); } catch (...) {
-    return std::nullopt;
-}
-
-Folder FromApplicationData() try {
+Folder FromApplicationData() {
     const auto folder = Util::detail::ReadVariable("APPDATA");
     if (!folder) return std::nullopt;
     return *folder + "\\Tamo\\";
+}
+
+// The candidate's folder when it holds the file; nothing when it does not or cannot be examined.
+template <typename Candidate>
+Folder Holding(const char* fileName, Candidate candidate) noexcept try {
+    Folder folder = candidate();
+    if (!folder || folder->empty() || !Util::TEVIO::exists(*folder + fileName)) return std::nullopt;
+    return folder;
 } catch (...) {
     return std::nullopt;
 }
 
-bool Holds(const Folder& folder, const char* fileName) {
-    return folder && !folder->empty() && Util::TEVIO::exists(*folder + fileName);
+// The first candidate that holds the file; empty when none does.
+template <typename... Candidates>
+std::string FirstHolding(const char* fileName, Candidates... candidates) noexcept {
+    Folder found;
+    static_cast<void>(((found = Holding(fileName, candidates)) || ...));
+    return std::move(found).value_or(std::string());
 }
 
 }  // namespace
 
 std::string FindSystemFolder() {
-    constexpr auto isFound = [](const Folder& folder) {
-        return Holds(folder, Key::TEV_SYS_PROPERTIES_FILE_NAME);
-    };
-    if (auto folder = FromPathVariable(Key::ENV_TEV_SYS_CONFIG_DIR); isFound(folder))
-        return *folder;
-    if (auto folder = FromModule(TEVSysCnst::STR_PLINTH_DLL); isFound(folder)) return *folder;
-    if (auto folder = FromModule(TEVSysCnst::MODULE_TEV_SYSTEM_LIB); isFound(folder))
-        return *folder;
-    return {};
+    return FirstHolding(
+        Key::TEV_SYS_PROPERTIES_FILE_NAME,
+        [] { return Util::detail::ReadPathVariable(Key::ENV_TEV_SYS_CONFIG_DIR); },
+        [] { return Util::detail::ModuleFolder(TEVSysCnst::STR_PLINTH_DLL); },
+        [] { return Util::detail::ModuleFolder(TEVSysCnst::MODULE_TEV_SYSTEM_LIB); });
 }
 
 std::string FindUserFolder() {
-    constexpr auto isFound = [](const Folder& folder) {
-        return Holds(folder, Key::TEV_USER_PROPERTIES_FILE_NAME);
-    };
-    if (auto folder = FromPathVariable(Key::ENV_TEV_USER_CONFIG_DIR); isFound(folder))
-        return *folder;
-    if (auto folder = FromApplicationData(); isFound(folder)) return *folder;
-    return {};
+    return FirstHolding(
+        Key::TEV_USER_PROPERTIES_FILE_NAME,
+        [] { return Util::detail::ReadPathVariable(Key::ENV_TEV_USER_CONFIG_DIR); },
+        FromApplicationData);
 }
 
 }  // namespace TAMO::TEV::System::detail

@@ -2,7 +2,7 @@
 
 #include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 
-#include "TEVSystemLib/system/detail/ModuleTree.h"
+#include "TEVSystemLib/system/detail/ModuleFault.h"
 
 namespace TAMO::TEV::System::detail {
 

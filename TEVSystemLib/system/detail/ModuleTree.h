@@ -28,21 +28,6 @@ struct ModuleAccess {
 // Every file is read once, and shown with its imports where it stands first.
 TEVSystemDiagnostics::Module MakeModuleTree(const std::string& name, const ModuleAccess& access);
 
-// What stops the load of a tree first, with the modules that lead there.
-struct ModuleFault {
-    TEVSystemDiagnostics::LoadProblem problem = TEVSystemDiagnostics::LoadProblem::None;
-    const TEVSystemDiagnostics::Module* culprit = nullptr;
-    // The module that asks for the culprit; null for the root.
-    const TEVSystemDiagnostics::Module* parent = nullptr;
-};
-
-ModuleFault FirstFault(const TEVSystemDiagnostics::Module& root);
-
-// The modules found that are not the system's, each behind those that it needs: in the order in
-// which their start routines run.
-std::vector<const TEVSystemDiagnostics::Module*> StartOrder(
-    const TEVSystemDiagnostics::Module& root);
-
 // A name with ".dll" unless it has an ending; a point at the end says that it has none.
 std::string WithModuleEnding(std::string_view name);
 

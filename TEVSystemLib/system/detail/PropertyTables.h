@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace TAMO::TEV::System::detail {
 
@@ -13,15 +16,23 @@ struct PropertyTables {
     Properties& user;
 };
 
-// The value of a key: user table, system table, process environment, whose answer is cached in the
-// system table. Null when none has it. Throws when memory is exhausted.
-const std::string* Lookup(PropertyTables tables, const std::string& key);
+// Reads an environment variable; nothing when it is not set or cannot be read.
+using VariableReader = std::function<std::optional<std::string>(const std::string& name)>;
 
-// Rebuilds both tables from their files and executes the environment directives. A step that fails
-// is skipped.
-void LoadTables(PropertyTables tables) noexcept;
-
-// Executes the environment directives of the system table.
-void ExecuteDirectives(const Properties& system);
+// The value of a key: user table, system table, environment, whose answer is cached in the system
+// table. Null when none has it. Throws when memory is exhausted. `readVariable` is a VariableReader
+// or anything like it.
+template <typename Reader>
+const std::string* LookUp(PropertyTables tables, const std::string& key,
+                          const Reader& readVariable) {
+    if (const auto found = tables.user.find(key); found != tables.user.end()) return &found->second;
+    if (const auto found = tables.system.find(key); found != tables.system.end())
+        return &found->second;
+    // KEEP: cached for good; a later change of the variable is not seen until the store is
+    // reloaded.
+    std::optional<std::string> value = readVariable(key);
+    if (!value) return nullptr;
+    return &tables.system.emplace(key, *std::move(value)).first->second;
+}
 
 }  // namespace TAMO::TEV::System::detail

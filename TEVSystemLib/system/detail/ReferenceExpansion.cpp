@@ -2,8 +2,13 @@
 
 namespace TAMO::TEV::System::detail {
 
+namespace {
+
+constexpr char kMark = '%';
+
+}  // namespace
+
 std::string ExpandReferences(std::string_view text, const NameLookup& lookup) {
-    constexpr char kMark = '%';
     std::string expanded;
     for (;;) {
         const std::size_t open = text.find(kMark);
@@ -19,6 +24,11 @@ std::string ExpandReferences(std::string_view text, const NameLookup& lookup) {
         }
         text.remove_prefix(close + 1);
     }
+}
+
+bool HasReference(std::string_view text) {
+    const std::size_t open = text.find(kMark);
+    return open != std::string_view::npos && text.find(kMark, open + 1) != std::string_view::npos;
 }
 
 }  // namespace TAMO::TEV::System::detail

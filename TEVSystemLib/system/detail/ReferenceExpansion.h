@@ -14,4 +14,7 @@ using NameLookup = std::function<const std::string*(const std::string& name)>;
 // as the text and, for every two "%" in it, the longest value.
 std::string ExpandReferences(std::string_view text, const NameLookup& lookup);
 
+// Whether a text holds a reference, known or not.
+bool HasReference(std::string_view text);
+
 }  // namespace TAMO::TEV::System::detail

@@ -16,13 +16,7 @@ namespace {
 
 using Util::detail::EqualsIgnoringCase;
 
-enum class Kind { Switch, Level, LoggerList, Mode, FreeText };
-
-struct WellKnownProperty {
-    const char* key;
-    Kind kind;
-    const char* defaultValue;
-};
+using Kind = PropertyKind;
 
 const WellKnownProperty* WellKnownTable() {
     using Key = TEVSysCnst::PropertyKey;
@@ -43,12 +37,6 @@ const WellKnownProperty* WellKnownTable() {
          Default::CORVID_ENABLE_CSMXFORM},
         {nullptr, Kind::FreeText, nullptr}};
     return table;
-}
-
-const WellKnownProperty* FindWellKnown(std::string_view key) {
-    const WellKnownProperty* row = WellKnownTable();
-    while (row->key != nullptr && !EqualsIgnoringCase(row->key, key)) ++row;
-    return row->key == nullptr ? nullptr : row;
 }
 
 template <std::size_t N>
@@ -81,6 +69,12 @@ bool IsMode(std::string_view value) {
 
 }  // namespace
 
+const WellKnownProperty* FindWellKnown(std::string_view key) {
+    const WellKnownProperty* row = WellKnownTable();
+    while (row->key != nullptr && !EqualsIgnoringCase(row->key, key)) ++row;
+    return row->key == nullptr ? nullptr : row;
+}
+
 std::optional<bool> SwitchValue(std::string_view word) {
     if (IsOneOf(word, std::array{TEVSysCnst::STR_ON, TEVSysCnst::STR_TRUE, "YES", "1"}))
         return true;
@@ -89,31 +83,29 @@ std::optional<bool> SwitchValue(std::string_view word) {
     return std::nullopt;
 }
 
-std::optional<std::string_view> CorrectedValue(std::string_view key, std::string_view value) {
-    const WellKnownProperty* row = FindWellKnown(key);
-    if (row == nullptr) return std::nullopt;
-    bool isValid = true;
-    switch (row->kind) {
+bool IsValid(PropertyKind kind, std::string_view value) {
+    switch (kind) {
         case Kind::Switch:
-            if (const auto on = SwitchValue(value))
-                return *on ? TEVSysCnst::STR_TRUE : TEVSysCnst::STR_FALSE;
-            isValid = false;
-            break;
+            return SwitchValue(value).has_value();
         case Kind::Level:
-            isValid = IsLevel(value);
-            break;
+            return IsLevel(value);
         case Kind::LoggerList:
-            isValid = IsLoggerList(value);
-            break;
+            return IsLoggerList(value);
         case Kind::Mode:
-            isValid = IsMode(value);
-            break;
+            return IsMode(value);
         case Kind::FreeText:
             break;
     }
+    return true;
+}
+
+std::optional<std::string_view> CorrectedValue(std::string_view key, std::string_view value) {
+    const WellKnownProperty* row = FindWellKnown(key);
+    if (row == nullptr) return std::nullopt;
     // KEEP: a default is put in as it is spelt, though a valid switch becomes "true" or "false".
-    if (isValid) return std::nullopt;
-    return row->defaultValue;
+    if (!IsValid(row->kind, value)) return row->defaultValue;
+    if (row->kind != Kind::Switch) return std::nullopt;
+    return *SwitchValue(value) ? TEVSysCnst::STR_TRUE : TEVSysCnst::STR_FALSE;
 }
 
 }  // namespace TAMO::TEV::System::detail

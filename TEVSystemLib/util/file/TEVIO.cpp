@@ -1,6 +1,9 @@
 #include <TEVSystemLib/util/file/TEVIO.h>
 #include <cpl_vsi.h>
 
+#include <string_view>
+
+#include "TEVSystemLib/util/file/detail/FileContent.h"
 #include "TEVSystemLib/util/file/detail/PathText.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
@@ -19,6 +22,23 @@ struct TEVIO::State {
     void Close() {
         if (file != nullptr) VSIFCloseL(file);
         file = nullptr;
+    }
+
+    bool Open(std::string_view name, OpenType type) try {
+        if (file != nullptr && path == name) {
+            // KEEP: the mode of the first open stays, whatever is asked for now: asking again
+            // rewinds. The answer says that the file is open, not that it was rewound.
+            VSIFSeekL(file, 0, SEEK_SET);
+            return true;
+        }
+        Close();
+        path = name;
+        if (type != Read && type != Write) return false;
+        constexpr int kSetError = 1;
+        file = VSIFOpenExL(path.c_str(), type == Write ? "wb" : "rb", kSetError);
+        return file != nullptr;
+    } catch (...) {
+        return false;
     }
 };
 
@@ -47,27 +67,10 @@ TEVIO::TEVIO(char const* path, OpenType type) : TEVIO() { open(path, type); }
 
 TEVIO::~TEVIO() = default;
 
-bool TEVIO::open(std::string const& path, OpenType type) try {
-    if (isOpen() && state_->path == path) {
-        // KEEP: the mode of the first open stays, whatever is asked for now: asking again rewinds.
-        // The answer says that the file is open, not that it was rewound.
-        VSIFSeekL(state_->file, 0, SEEK_SET);
-        return true;
-    }
-    state_->Close();
-    state_->path = path;
-    if (type != Read && type != Write) return false;
-    constexpr int kSetError = 1;
-    state_->file = VSIFOpenExL(path.c_str(), type == Write ? "wb" : "rb", kSetError);
-    return isOpen();
-} catch (...) {
-    return false;
-}
+bool TEVIO::open(std::string const& path, OpenType type) { return state_->Open(path, type); }
 
-bool TEVIO::open(char const* path, OpenType type) try {
-    return open(std::string(detail::OrEmpty(path)), type);
-} catch (...) {
-    return false;
+bool TEVIO::open(char const* path, OpenType type) {
+    return state_->Open(detail::OrEmpty(path), type);
 }
 
 bool TEVIO::isOpen() const { return state_->file != nullptr; }
@@ -150,6 +153,12 @@ bool TEVIO::readFile(char const* const path, char** data, std::uint64_t& size) t
     return true;
 } catch (...) {
     return false;
+}
+
+bool detail::RemoveFile(const std::string& path) { return VSIUnlink(path.c_str()) == 0; }
+
+bool detail::MoveOverVirtual(const std::string& from, const std::string& to) {
+    return VSIRename(from.c_str(), to.c_str()) == 0;
 }
 
 std::string TEVIO::getFilePath() try { return state_->path; } catch (...) {

@@ -12,18 +12,24 @@ namespace TAMO::TEV::System::Util {
 // Paths are UTF-8 and passed through unchanged, but that dirExists accepts a trailing separator on
 // every platform. A null path counts as empty. Nothing throws on an I/O failure: closed files
 // answer 0 or false, and GDAL's error state holds the reason for a failed open. The constructors
-// throw std::bad_alloc when memory is exhausted.
+// throw std::bad_alloc when memory for the object is exhausted; a path that does not fit leaves it
+// closed.
 //
 // Threads: an object belongs to one thread at a time; the static functions are stateless.
 class TEVSYSTEMLIB_API TEVIO {
  public:
-    // Read opens with "rb", Write with "wb", which replaces the content.
-    enum OpenType : int { Read = 0, Write = 1 };
+    // What a file is opened for.
+    enum OpenType : int {
+        Read = 0,  // with "rb"
+        Write = 1  // with "wb", which replaces the content
+    };
 
+    // Closed, or as open leaves it: isOpen tells whether that succeeded. The destructor closes.
     TEVIO();
     TEVIO(std::string const& path, OpenType type);
     TEVIO(char const* path, OpenType type);
     ~TEVIO();
+    // Not copied: a file has one owner.
     TEVIO(const TEVIO&) = delete;
     TEVIO& operator=(const TEVIO&) = delete;
 
@@ -32,6 +38,7 @@ class TEVSYSTEMLIB_API TEVIO {
     // file first. A value that is no OpenType opens nothing.
     bool open(std::string const& path, OpenType type);
     bool open(char const* path, OpenType type);
+    // True while a file is open.
     bool isOpen() const;
     operator bool() const;
 
@@ -67,7 +74,8 @@ class TEVSYSTEMLIB_API TEVIO {
     // with TEVUtilMemory::DeallocateCharArray. An empty file is a failure. On failure null and 0.
     static bool readFile(char const* const path, char** data, std::uint64_t& size);
 
-    // The path given to the last open, also when that failed.
+    // The path given to the last open, also when that failed, but for one that did not fit into
+    // memory; empty when its copy does not.
     std::string getFilePath();
 
  private:

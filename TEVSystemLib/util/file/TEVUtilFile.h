@@ -22,10 +22,11 @@ class TEVSYSTEMLIB_API TEVUtilFile {
 
     // The text behind the last "\" as a new C string, released with
     // TEVUtilString::DeleteCString. A name without folder, or directly in "\", gives false with
-    // null. Throws std::invalid_argument "ERROR: Invalid input fully qualified file name and/or
-    // NULL output parameter." for an empty path or a null `name` (untouched), "ERROR: Invalid
-    // input fully qualified file name." for a path that ends with "\"; std::runtime_error
-    // "Failed to allocate enough memory to perform requested operation.".
+    // null, and so does exhausted memory for the new string; for what comes before it throws
+    // std::runtime_error "Failed to allocate enough memory to perform requested operation.". Throws
+    // std::invalid_argument "ERROR: Invalid input fully qualified file name and/or NULL output
+    // parameter." for an empty path or a null `name` (untouched), "ERROR: Invalid input fully
+    // qualified file name." for a path that ends with "\".
     static bool GetFileName(const char* const path, char** name);
 
     // The position at which the file name begins in the path AS NORMALISED ABOVE (leading blanks

@@ -18,12 +18,15 @@ namespace TAMO::TEV::System::Util {
 // values and paths that begin or end with a plain space are trimmed of blanks at both ends, but for
 // DirectoryExists and FileExists, which take the path as it is. New C strings are released with
 // TEVUtilString::DeleteCString, arrays of them with TEVUtilString::DeleteCStringArray. Failures
-// show in the result, with outputs null; only functions that name an exception throw.
+// show in the result, with outputs null; only functions that name an exception throw. When memory
+// is exhausted even for its text, a std::runtime_error says that instead.
 //
 // Threads: no lock is taken. The environment and, during LoadModule, the DLL search path belong to
 // the whole process; the other functions may run on any thread.
 class TEVSYSTEMLIB_API TEVUtilWindows {
  public:
+    // Paths
+    //
     // The folder of a path up to and including its last separator, "/" turned into "\"; "." when it
     // has none; null for an empty path. A new array, also releasable with
     // TEVUtilMemory::DeallocateCharArray.
@@ -33,7 +36,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // TRUE ONLY FOR AN EXISTING DIRECTORY, false for every file: call TEVIO::exists for files.
     static bool FileExists(char const* const path);
 
-    // Reading takes names, and gives values, in the C locale.
+    // Reading the environment: names are taken, and values given, in the C locale.
+    //
     // The variable's value as a new C string; null when it is not set, empty, or not representable.
     static void GetEnv(const char* const name, char** value);
     // As GetEnv, for a folder: trimmed, and ended with "/" unless it ends with "\" or "/". Throws
@@ -49,6 +53,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool GetCurrentProcessEnvironmentVariables(char**& names, char**& values,
                                                       std::size_t& count);
 
+    // Changing the environment
+    //
     // Sets a variable of this process, or deletes it when `value` is null or empty, in the system's
     // environment and the C runtime's. False for an empty name, a value of 32767 characters or
     // more, and when the system refuses.
@@ -62,22 +68,27 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ModifySessionEnvironmentVariable(const char* const name, const char* const value,
                                                  bool prepend, int operation);
 
+    // Loading modules
+    //
     // Loads a module with `dirs` (null, empty and missing ones are skipped) searched too; with none
     // left in the system's ordinary order. The caller releases with FreeModuleHandle. On failure
     // `error` holds the system's code and message, or the code alone when there is no message; it
-    // is empty for an empty name or without a code. A folder is looked for as UTF-8 and added in
-    // the ANSI code page: ASCII names are sure to be found.
+    // is empty for an empty name, without a code, and when memory is exhausted. A folder is looked
+    // for as UTF-8 and added in the ANSI code page: ASCII names are sure to be found.
     static bool LoadModule(char const* const name, HINSTANCE__*& module, std::string& error,
                            char const** dirs, std::uint64_t count);
     // The same with a system error code instead of a text. ASKING FOR THE CODE CHANGES THE SEARCH:
     // with `dirs` and a non-null `code`, a failed load is tried once more in the ordinary order,
-    // only to say why; a success of it is returned. `code` is -1 for an empty name, 0 when the load
-    // with `dirs` succeeded, else the last error of the ordinary load, EVEN AFTER ITS SUCCESS.
+    // only to say why; a success of it is returned. `code` is -1 for an empty name and when memory
+    // is exhausted, 0 when the load with `dirs` succeeded, else the last error of the ordinary
+    // load, EVEN AFTER ITS SUCCESS.
     static bool LoadModule(char const* const name, HINSTANCE__*& module, char const** dirs,
                            std::uint64_t count, int* code);
     // Releases a module and nulls the handle; null is left alone.
     static void FreeModuleHandle(HINSTANCE__*& module);
 
+    // Loaded modules
+    //
     // The full file name of a module loaded in this process as a new C string; null if not loaded.
     static char* GetModuleFullyQualifiedName(char const* const name);
     // Its folder, ending with "\", as a new C string; null if not loaded, or when `name` is no
@@ -89,9 +100,11 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
                                                  std::string& folder);
     // Full file names of this process's modules.
     static bool RetrieveAllLoadedModulesInCurrentProcess(char**& modules, std::uint64_t& count);
-    // Where the framework and its companions are installed: folders ending with "\", as new C
-    // strings; null, or false with null, when not found. Folders found are tested as UTF-8:
-    // ASCII names are sure to be found.
+
+    // Install roots: where the framework and its companions are installed, folders ending with "\",
+    // as new C strings; null, or false with null, when not found. Folders found are tested as
+    // UTF-8: ASCII names are sure to be found.
+    //
     // The folder of the first of the framework's marker modules loaded in this process:
     // "Plinth.dll", "SensorSupportDataLib.dll", "MeasureKitLib.dll".
     static char* GetCurrentProcessCorvidRootFolder();
@@ -112,10 +125,14 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Variants must have exactly the type named: references (VT_BYREF) are refused. Texts end at a
     // NUL character and are taken as they are; `firstKey` alone is trimmed.
 
+    // Texts of COM
+    //
     // -1, 0 or 1 in the order of the invariant locale. Throws std::runtime_error "BSTR comparison
     // operation failed.", also for a null text.
     static int CompareBSTR(bool ignoreCase, wchar_t* const& first, wchar_t* const& second);
+    // A new BSTR; an empty text is copied, a null one gives false.
     static bool CopyBSTR(wchar_t* source, wchar_t** copy);
+    // Releases a BSTR and nulls the pointer; null is accepted.
     static void FreeBSTR(wchar_t** text);
     // In characters, those behind a NUL too; 0 for null.
     static std::uint64_t GetBSTRLength(wchar_t* const& text);
@@ -125,6 +142,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // (E_OUTOFMEMORY) when memory is exhausted.
     static bool FromMultibyteCharToBSTR(char const* text, wchar_t** out);
 
+    // GUIDs
+    //
     // "{38 characters}" as a new wide text, released with TEVUtilString::DeleteWCharBuffer, or a
     // new C string.
     static bool ConvertCLSIDToString(_GUID const& clsid, wchar_t** out);
@@ -143,17 +162,22 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
         "false for every text; use GetCLSIDFromString with the text in braces")]] static bool
     IsValidUUID(char const* text);
 
+    // Arrays of variants
+    //
     // An array of `count` empty variants; bare, or in a variant.
     static bool CreateSafeArrayOfVariants(tagSAFEARRAY** out, std::uint64_t count);
     static bool CreateSafeArrayOfVariants(tagVARIANT* out, std::uint64_t count);
     // Null is accepted.
     static bool DestroySafeArray(tagSAFEARRAY* array);
 
-    // Arrays of one dimension with lower bound 0 in variants: VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
+    // Arrays in variants: one dimension with lower bound 0, VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
     // Reading looks at the first stored bound only, and at numbers without a lock. What is
     // extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
+    //
+    // Numbers are copied; a null array or a `count` of 0 gives false.
     static bool SetDoubleArrayVARIANT(double* data, std::uint64_t count, tagVARIANT* out);
     static bool SetIntArrayVARIANT(int* data, std::uint64_t count, tagVARIANT* out);
+    // Numbers, as a new array.
     static bool ExtractDoubleArrayFromVARIANT(double** out, std::uint64_t& count,
                                               tagVARIANT* variant);
     static bool ExtractIntArrayFromVARIANT(int** out, std::uint64_t& count, tagVARIANT* variant);
@@ -179,7 +203,7 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
                                                std::map<std::string, char*>& out);
 
-    // Release: null is accepted, the caller's pointer becomes null; also by FreeBSTR.
+    // Release: what was extracted from COM data; null is accepted, the pointer becomes null.
     static void DeleteCharBuffer(char** buffer);
     static void DeleteDoubleBuffer(double** buffer);
     static void DeleteIntBuffer(int** buffer);
@@ -189,8 +213,11 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool SignificantFigures(double value, double uncertainty, wchar_t** valueText,
                                    wchar_t** uncertaintyText, bool scientific);
 
+    // This process
+    //
     // The pseudo-handle of this process, which needs no release.
     static void* RetrieveCurrentProcess();
+    // Its number.
     static unsigned long RetrieveCurrentProcessID();
 
  private:

@@ -12,14 +12,11 @@
 #include "TEVSystemLib/util/windows/detail/EnvironmentList.h"
 #include "TEVSystemLib/util/windows/detail/Handle.h"
 #include "TEVSystemLib/util/windows/detail/ProcessEnvironment.h"
+#include "TEVSystemLib/util/windows/detail/VariableEdit.h"
 
 namespace TAMO::TEV::System::Util {
 
 namespace {
-
-constexpr std::size_t kMaxValueLength = 32766;
-constexpr int kAdd = 0;
-constexpr int kRemove = 1;
 
 struct EnvironmentBlockTraits {
     using Type = wchar_t*;
@@ -94,9 +91,9 @@ bool TEVUtilWindows::GetCurrentProcessEnvironmentVariables(char**& names, char**
 
 bool TEVUtilWindows::SetSessionEnvironmentVariable(const char* const name,
                                                    const char* const value) try {
-    const std::string variable = Trimmed(name);
-    const std::string text = Trimmed(value);
-    if (variable.empty() || text.size() > kMaxValueLength) return false;
+    const auto edit = detail::EditToSet(detail::OrEmpty(name), detail::OrEmpty(value));
+    if (!edit) return false;
+    const auto& [variable, text] = *edit;
     const BOOL isSet =
         SetEnvironmentVariableA(variable.c_str(), text.empty() ? nullptr : text.c_str());
     // The C runtime keeps a copy of its own, which must agree.
@@ -113,14 +110,11 @@ bool TEVUtilWindows::ModifySessionEnvironmentVariable(const char* const name,
     const std::string element = Trimmed(value);
     if (variable.empty() || element.empty()) return false;
     const auto list = detail::ReadVariable(variable);
+    const auto change = detail::ListChangeOf(prepend, operation);
     // KEEP: a variable that is not set is never created here: that is for the setter.
-    if (!list || (operation != kAdd && operation != kRemove)) return false;
-    if (operation == kRemove)
-        return SetSessionEnvironmentVariable(variable.c_str(),
-                                             detail::RemoveFromList(*list, element).c_str());
-    const auto place = prepend ? detail::ListPlace::Front : detail::ListPlace::Back;
-    const auto longer = detail::AddToList(*list, element, place);
-    return !longer || SetSessionEnvironmentVariable(variable.c_str(), longer->c_str());
+    if (!list || !change) return false;
+    const auto changed = detail::ChangedList(*list, element, *change);
+    return !changed || SetSessionEnvironmentVariable(variable.c_str(), changed->c_str());
 } catch (...) {
     return false;
 }

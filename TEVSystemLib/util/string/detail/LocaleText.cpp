@@ -14,12 +14,10 @@ OwnedText ToLocaleIfPossible(const wchar_t* wide) {
     constexpr auto kConversionError = static_cast<std::size_t>(-1);
     if (wide == nullptr || *wide == L'\0') return nullptr;
     const std::wstring_view text = wide;
-    // ASCII is the same in every locale.
-    if (OwnedText ascii = MakeUnfilledText(text.size());
-        NarrowAscii(text, ascii.get()) == text.size())
-        return ascii;
     const std::size_t size = kMaxBytesPerCharacter * text.size();
     OwnedText converted = MakeText(size);
+    // ASCII is the same in every locale.
+    if (NarrowAscii(text, converted.get()) == text.size()) return converted;
     if (std::wcstombs(converted.get(), wide, size) == kConversionError) return nullptr;
     return converted;
 }

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace TAMO::TEV::System::Util::detail {
+
+// Moves a file of a disk to a name where another may stand, which it replaces at once; both in the
+// same folder, in UTF-8. False with both as they were when the system refuses.
+bool MoveOverOnDisk(const std::string& from, const std::string& to);
+
+}  // namespace TAMO::TEV::System::Util::detail

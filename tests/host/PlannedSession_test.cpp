@@ -1,0 +1,58 @@
+#include "TEVSystemLib/system/detail/PlannedSession.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+namespace {
+
+using TAMO::TEV::System::detail::PlannedSession;
+
+class Planned : public ::testing::Test {
+ protected:
+    static std::optional<std::string> Set(const std::string& name) {
+        return name == "LIST" ? std::optional<std::string>("a;b") : std::nullopt;
+    }
+    static std::optional<std::string> Same(const std::string& value) { return value; }
+
+    PlannedSession session_{Set, Same};
+};
+
+TEST_F(Planned, ReadsWhatWasThereUntilItIsChanged) {
+    EXPECT_EQ(session_.Read("LIST"), "a;b");
+    EXPECT_EQ(session_.Read("X"), std::nullopt);
+    EXPECT_TRUE(session_.Set(" x ", " 1 "));
+    EXPECT_EQ(session_.Read("X"), "1");
+    EXPECT_TRUE(session_.Exists("x"));
+}
+
+TEST_F(Planned, NoTextDeletes) {
+    EXPECT_TRUE(session_.Set("LIST", nullptr));
+    EXPECT_FALSE(session_.Exists("LIST"));
+    EXPECT_TRUE(session_.Set("LIST", "1"));
+    EXPECT_TRUE(session_.Set("LIST", " "));
+    EXPECT_FALSE(session_.Exists("LIST"));
+}
+
+TEST_F(Planned, RefusesWhatTheSetterRefuses) {
+    EXPECT_FALSE(session_.Set(" ", "1"));
+    EXPECT_FALSE(session_.Set("A=B", "1"));
+    EXPECT_FALSE(session_.Set("X", std::string(32767, 'x').c_str()));
+    EXPECT_TRUE(session_.Set("X", std::string(32766, 'x').c_str()));
+}
+
+TEST_F(Planned, ChangesListsThatAreSet) {
+    constexpr int kAdd = 0;
+    constexpr int kRemove = 1;
+    EXPECT_TRUE(session_.Modify("LIST", "c", false, kAdd));
+    EXPECT_TRUE(session_.Modify("list", "d", true, kAdd));
+    EXPECT_EQ(session_.Read("LIST"), "d;a;b;c");
+    EXPECT_TRUE(session_.Modify("LIST", "A", false, kAdd)) << "it is there";
+    EXPECT_TRUE(session_.Modify("LIST", "A", false, kRemove));
+    EXPECT_EQ(session_.Read("LIST"), "d;b;c");
+    EXPECT_FALSE(session_.Modify("X", "a", false, kAdd));
+    EXPECT_FALSE(session_.Modify("LIST", "a", false, 2));
+}
+
+}  // namespace

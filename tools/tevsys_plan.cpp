@@ -1,0 +1,98 @@
+#include "tools/tevsys_plan.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "tools/tevsys_explain.h"
+#include "tools/tevsys_json.h"
+#include "tools/tevsys_redact.h"
+
+namespace tevsys {
+
+namespace {
+
+using Step = Diagnostics::DirectiveStep;
+using Outcome = Diagnostics::Outcome;
+
+const char* NameOf(Outcome outcome) {
+    switch (outcome) {
+        case Outcome::Changed:
+            return "changed";
+        case Outcome::Unchanged:
+            return "unchanged";
+        case Outcome::Refused:
+            return "refused";
+        case Outcome::Ignored:
+            return "ignored";
+    }
+    return "";
+}
+
+bool IsInOrder(const Step& step) {
+    return step.outcome == Outcome::Changed || step.outcome == Outcome::Unchanged;
+}
+
+std::string ValueOf(const Step& step, const std::string& value, const Redactor& redactor) {
+    return redactor.Value(redactor.Hides(step.key) ? step.key : step.variable, value);
+}
+
+std::string StateOf(const Step& step, const std::optional<std::string>& value,
+                    const Redactor& redactor) {
+    return value ? redactor.Value(step.variable, *value) : "(not set)";
+}
+
+void Show(const Step& step, const Redactor& redactor) {
+    std::cout << Painted(Colour::Key, ToUtf8(step.key));
+    if (step.place.line > 0) std::cout << "  (" << PlaceText(step.place) << ')';
+    std::cout << "\n  " << (step.kind.empty() ? "-" : step.kind);
+    if (!step.variable.empty()) std::cout << ' ' << ToUtf8(step.variable);
+    if (!step.value.empty()) std::cout << " | " << ValueOf(step, step.value, redactor);
+    std::cout << '\n';
+    if (!IsInOrder(step)) {
+        std::cout << "  " << Painted(Colour::Warning, NameOf(step.outcome)) << ": "
+                  << redactor.Text(step.reason) << '\n';
+        return;
+    }
+    std::cout << "  before  " << StateOf(step, step.before, redactor) << '\n'
+              << "  after   " << StateOf(step, step.after, redactor)
+              << (step.reason.empty() ? "" : "  (" + step.reason + ')') << '\n';
+}
+
+Json ToJson(const Step& step, const Redactor& redactor) {
+    const auto state = [&](const std::optional<std::string>& value) {
+        return value ? Json(redactor.Value(step.variable, *value)) : Json();
+    };
+    Json json;
+    json["key"] = ToUtf8(step.key);
+    json["file"] = step.place.line > 0 ? Json(ToUtf8(step.place.file)) : Json();
+    json["line"] = step.place.line > 0 ? Json(step.place.line) : Json();
+    json["kind"] = step.kind.empty() ? Json() : Json(step.kind);
+    json["variable"] = ToUtf8(step.variable);
+    json["value"] = ValueOf(step, step.value, redactor);
+    json["outcome"] = NameOf(step.outcome);
+    json["reason"] = redactor.Text(step.reason);
+    json["before"] = state(step.before);
+    json["after"] = state(step.after);
+    return json;
+}
+
+}  // namespace
+
+ExitCode ShowPlan(const std::vector<std::string>& redacted, bool asJson) {
+    const Redactor redactor(redacted);
+    std::vector<Step> steps;
+    if (!Diagnostics::PlanEnvironmentDirectives(steps))
+        return Fail(kFailed, "there is not enough memory to plan the directives");
+    Json array = Json::array();
+    for (const Step& step : steps) {
+        if (asJson) {
+            array.push_back(ToJson(step, redactor));
+        } else {
+            Show(step, redactor);
+        }
+    }
+    if (asJson) Write(std::cout, array);
+    return std::all_of(steps.begin(), steps.end(), IsInOrder) ? kDone : kFindings;
+}
+
+}  // namespace tevsys

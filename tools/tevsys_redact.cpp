@@ -1,0 +1,105 @@
+#include "tools/tevsys_redact.h"
+
+#include <TEVSystemLib/util/string/TEVUtilString.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "tools/tevsys_console.h"
+#include "tools/tevsys_store.h"
+
+namespace tevsys {
+
+namespace {
+
+using TAMO::TEV::System::Util::TEVUtilString;
+
+constexpr char kHidden[] = "[hidden]";
+
+bool LongFirst(const std::string& a, const std::string& b) {
+    return a.size() != b.size() ? a.size() > b.size() : a < b;
+}
+
+bool Matches(std::string_view pattern, std::string_view name) {
+    std::size_t at = 0;
+    for (; at < pattern.size(); ++at, name.remove_prefix(1)) {
+        if (pattern[at] == '*') {
+            const std::string_view rest = pattern.substr(at + 1);
+            for (std::size_t skipped = 0; skipped <= name.size(); ++skipped)
+                if (Matches(rest, name.substr(skipped))) return true;
+            return false;
+        }
+        if (name.empty() || (pattern[at] != '?' && pattern[at] != name.front())) return false;
+    }
+    return name.empty();
+}
+
+std::string Lower(const std::string& text) { return TEVUtilString::ToLower(text); }
+
+}  // namespace
+
+Redactor::Redactor(std::vector<std::string> patterns)
+    : patterns_(std::move(patterns)), hidden_(LongFirst) {
+    for (std::string& pattern : patterns_) pattern = Lower(pattern);
+    if (patterns_.empty()) return;
+    HideConfigured();
+    HideVariables();
+}
+
+bool Redactor::Hides(const std::string& name) const {
+    return std::any_of(patterns_.begin(), patterns_.end(),
+                       [&](const std::string& pattern) { return Matches(pattern, Lower(name)); });
+}
+
+std::string Redactor::Value(const std::string& name, const std::string& value) const {
+    return !value.empty() && Hides(name) ? kHidden : Text(value);
+}
+
+std::string Redactor::Text(const std::string& text) const {
+    std::string shown = ToUtf8(text);
+    for (const std::string& value : hidden_)
+        for (auto at = shown.find(value); at != std::string::npos;
+             at = shown.find(value, at + sizeof kHidden - 1))
+            shown.replace(at, value.size(), kHidden);
+    return shown;
+}
+
+void Redactor::Hide(const std::string& value) {
+    if (!value.empty()) hidden_.insert(ToUtf8(value));
+}
+
+void Redactor::HideQuoted(const std::vector<Diagnostics::Finding>& findings) {
+    for (const auto& finding : findings)
+        if (Hides(finding.key)) Hide(finding.value);
+}
+
+void Redactor::HideConfigured() {
+    std::vector<Diagnostics::Explanation> explanations;
+    Diagnostics::ExplainProperties(explanations);
+    for (const auto& explanation : explanations) {
+        if (!Hides(explanation.key)) continue;
+        Hide(explanation.answer.written);
+        Hide(explanation.answer.value);
+        Hide(explanation.expanded);
+        for (const auto& loser : explanation.losers) {
+            Hide(loser.written);
+            Hide(loser.value);
+        }
+    }
+}
+
+void Redactor::HideVariables() {
+    for (const auto& [name, value] : EnvironmentVariables())
+        if (Hides(name)) Hide(value);
+    std::vector<Diagnostics::DirectiveStep> steps;
+    Diagnostics::PlanEnvironmentDirectives(steps);
+    for (const auto& step : steps) {
+        if (!Hides(step.key) && !Hides(step.variable)) continue;
+        Hide(step.value);
+        if (!Hides(step.variable)) continue;
+        Hide(step.before.value_or(""));
+        Hide(step.after.value_or(""));
+    }
+}
+
+}  // namespace tevsys

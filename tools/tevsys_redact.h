@@ -1,0 +1,38 @@
+#pragma once
+
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tevsys {
+
+using Diagnostics = TAMO::TEV::System::TEVSystemDiagnostics;
+
+// Makes texts fit to be shown: UTF-8, and without the values of the properties and variables whose
+// names match a pattern, wherever they occur.
+class Redactor {
+ public:
+    // Patterns hold "*" for any text and "?" for any character; case does not count.
+    explicit Redactor(std::vector<std::string> patterns);
+
+    bool Hides(const std::string& name) const;
+    // A value that belongs to a name.
+    std::string Value(const std::string& name, const std::string& value) const;
+    // Any other text that may quote values.
+    std::string Text(const std::string& text) const;
+    // To be called before anything is shown.
+    void Hide(const std::string& value);
+    void HideQuoted(const std::vector<Diagnostics::Finding>& findings);
+
+ private:
+    void HideConfigured();
+    void HideVariables();
+
+    std::vector<std::string> patterns_;
+    // Long ones first, so that none is left in part.
+    std::set<std::string, bool (*)(const std::string&, const std::string&)> hidden_;
+};
+
+}  // namespace tevsys

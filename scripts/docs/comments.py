@@ -172,8 +172,7 @@ class Header:
                 self.out.append(line)
                 at += 1
             elif line.lstrip().startswith("friend "):
-                # What it names is told where it is declared.
-                self.out.append("")
+                self.out.append("")  # What it names is told where it is declared.
                 at += 1
             elif SKIPPED.match(line):
                 if re.match(r"\};|private:", line.strip()):

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "TEVSystemLib/system/detail/ConfigurationFolders.h"
-#include "TEVSystemLib/system/detail/PropertyTables.h"
+#include "TEVSystemLib/system/detail/StoreTables.h"
 #include "fault/TextRows.h"
 #include "support/Environment.h"
 #include "system/StoreFixture.h"

@@ -3,6 +3,7 @@
 #include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <iomanip>
 #include <iostream>
 
@@ -181,10 +182,11 @@ Json ToJson(const Explanation& explanation) {
 
 ExitCode Doctor(const std::string& module, const std::vector<std::string>& directories,
                 bool asJson) {
-    std::vector<std::string> folders;
-    for (const std::string& directory : directories) folders.push_back(ToAnsi(directory));
-    std::vector<const char*> dirs;
-    for (const std::string& folder : folders) dirs.push_back(folder.c_str());
+    std::vector<std::string> folders(directories.size());
+    std::transform(directories.begin(), directories.end(), folders.begin(), ToAnsi);
+    std::vector<const char*> dirs(folders.size());
+    std::transform(folders.begin(), folders.end(), dirs.begin(),
+                   [](const std::string& folder) { return folder.c_str(); });
     Explanation explanation;
     if (!Diagnostics::ExplainLoadFailure(ToAnsi(module).c_str(), dirs.data(), dirs.size(),
                                          explanation))

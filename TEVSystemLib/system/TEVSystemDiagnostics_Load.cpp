@@ -38,6 +38,7 @@ std::string Utf8(const std::string& ansi) { return ToUtf8(FromAnsi(ansi)); }
 
 std::vector<std::string> Utf8(const std::vector<std::string>& ansi) {
     std::vector<std::string> texts;
+    texts.reserve(ansi.size());
     for (const std::string& text : ansi) texts.push_back(Utf8(text));
     return texts;
 }

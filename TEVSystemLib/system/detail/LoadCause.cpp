@@ -25,7 +25,7 @@ std::string Subject(const ModuleFault& fault) {
 
 std::string Missing(const ModuleFault& fault, const Explanation& explanation) {
     if (IsFixedPath(fault.culprit->name)) return "there is no file " + fault.culprit->name;
-    const std::string what = Subject(fault) + " is in none of the folders searched";
+    std::string what = Subject(fault) + " is in none of the folders searched";
     if (explanation.onPath.empty()) return what;
     return what + "; it lies in " + *Util::detail::FolderOf(explanation.onPath) +
            ", a folder of PATH, but with search directories PATH is not consulted";
@@ -81,12 +81,12 @@ std::string WithFullStop(std::string text) {
 void ConcludeLoad(const ModuleFault& fault, Explanation& explanation) {
     const std::string name = FileNameOf(explanation.name);
     explanation.problem = fault.problem;
-    if (fault.culprit != nullptr) explanation.culprit = fault.culprit->name;
     if (fault.problem == Problem::EmptyName) {
         explanation.cause = "Nothing loads: the name is empty.";
-    } else if (fault.problem == Problem::None) {
+    } else if (fault.culprit == nullptr) {
         explanation.cause = name + " loads.";
     } else {
+        explanation.culprit = fault.culprit->name;
         explanation.cause =
             WithFullStop(name +
                          (explanation.isLoaded ? " loads here, but not where the loader is strict: "

@@ -94,11 +94,15 @@ test_all() {
 
 # test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.
 test_presets() {
-    local what=$1 preset failed=0 passed=0 choice=()
+    local what=$1 preset failed=0 passed=0 choice=() quick=(-LE slow)
+    [ "${TEV_TEST_EFFORT:-}" != all ] || quick=()
     shift
     for preset in "$@"; do build "$preset"; done
     for preset in "$@"; do
-        case $preset in mingw-portable | mingw-ssse3) choice=(-L gtest) ;; *) choice=() ;; esac
+        case $preset in
+            mingw-portable | mingw-ssse3) choice=(-L gtest) ;;
+            *) choice=("${quick[@]}") ;;
+        esac
         run_tests "$preset" "${choice[@]}"
     done
     say "tests: $what"

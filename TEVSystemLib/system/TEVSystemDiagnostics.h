@@ -18,7 +18,8 @@ namespace TAMO::TEV::System {
 // TEVSystemProperties with them, changing nothing: neither the store nor the environment. None of
 // them makes the store, but for those that say so.
 //
-// Every function gives false, with its output empty, when memory is exhausted; nothing throws.
+// Every function gives false, with its output empty, when memory is exhausted; nothing throws. But
+// a folder, a file or a variable that cannot be asked for is passed over, as the store itself does.
 // Texts from files come as their bytes stand, texts from the environment as the C locale has them.
 //
 // Threads: as TEVSystemProperties, with which they must not run at the same time; where a function

@@ -110,6 +110,20 @@ struct FaultyCallbacks {
         return succeeds ? 0 : kFailed;
     }
 
+    static int Rename(void*, const char* from, const char* to) {
+        if (current == nullptr || !current->Begin(FileCall::Rename)) return kFailed;
+        const auto found = current->entries_.find(from);
+        if (found == current->entries_.end()) return kFailed;
+        current->entries_[to] = std::move(found->second);
+        current->entries_.erase(found);
+        return 0;
+    }
+
+    static int Unlink(void*, const char* name) {
+        if (current == nullptr || !current->Begin(FileCall::Unlink)) return kFailed;
+        return current->entries_.erase(name) == 1 ? 0 : kFailed;
+    }
+
  private:
     static std::uint64_t ToldSize(const std::string& content) {
         return current->toldSize == FaultyFiles::kTrueSize ? content.size() : current->toldSize;
@@ -137,6 +151,8 @@ void Install() {
     callbacks->read_multi_range = FaultyCallbacks::ReadRange;
     callbacks->write = FaultyCallbacks::Write;
     callbacks->close = FaultyCallbacks::Close;
+    callbacks->rename = FaultyCallbacks::Rename;
+    callbacks->unlink = FaultyCallbacks::Unlink;
     VSIInstallPluginHandler(kPrefix, callbacks.get());
 }
 
@@ -167,6 +183,12 @@ std::string FaultyFiles::AddFolder(std::string_view name) {
 
 std::string& FaultyFiles::Content(const std::string& path) {
     return entries_.at(NameOf(path)).content;
+}
+
+std::vector<std::string> FaultyFiles::Names() const {
+    std::vector<std::string> names;
+    for (const auto& [name, entry] : entries_) names.push_back(name);
+    return names;
 }
 
 void FaultyFiles::Fail(FileCall call, int n) {

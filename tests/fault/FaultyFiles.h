@@ -8,11 +8,24 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tev::fault {
 
 // What GDAL's virtual file layer asks of a file system.
-enum class FileCall { Stat, OpenToRead, OpenToWrite, Tell, Seek, Read, ReadRange, Write, Close };
+enum class FileCall {
+    Stat,
+    OpenToRead,
+    OpenToWrite,
+    Tell,
+    Seek,
+    Read,
+    ReadRange,
+    Write,
+    Close,
+    Rename,
+    Unlink
+};
 
 // Files in memory below "/vsifaulty/", whose calls fail on demand. One object at a time; it fails
 // the test that leaves a file open, and forgets the files at its end.
@@ -28,6 +41,9 @@ class FaultyFiles {
     std::string AddFolder(std::string_view name);
     // The bytes of a file, by its full path.
     std::string& Content(const std::string& path);
+
+    // The names of all entries.
+    std::vector<std::string> Names() const;
 
     // Lets the n-th such call from now on fail, counted from 0, and no other.
     void Fail(FileCall call, int n = 0);
@@ -73,7 +89,7 @@ class FaultyFiles {
     bool Begin(FileCall call);
 
     std::map<std::string, Entry> entries_;
-    std::array<Plan, static_cast<std::size_t>(FileCall::Close) + 1> plans_;
+    std::array<Plan, static_cast<std::size_t>(FileCall::Unlink) + 1> plans_;
     int openHandles_ = 0;
 };
 

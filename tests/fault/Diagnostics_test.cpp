@@ -1,0 +1,146 @@
+// The faithful save when the layer below fails: the old file or the new one, never less.
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "fault/FaultyFiles.h"
+#include "fault/SystemCalls.h"
+#include "system/StoreFixture.h"
+
+namespace {
+
+using TAMO::TEV::System::TEVSystemDiagnostics;
+using ::testing::ElementsAre;
+using tev::fault::FaultyFiles;
+using tev::fault::FileCall;
+using tev::test::kUserFile;
+using tev::test::OpenStore;
+using tev::test::ReadAll;
+using tev::test::Store;
+using tev::test::StoreFixture;
+using tev::test::Table;
+
+constexpr char kOld[] = "# kept\r\nb = %TEV_NONE%\r\na = old # text\r\n";
+constexpr char kNew[] = "# kept\r\nb = %TEV_NONE%\r\na = new value\r\nc = added\r\n";
+
+bool Save() { return TEVSystemDiagnostics::SaveUserPropertiesPreserving(nullptr); }
+
+class FaithfulSave : public StoreFixture {
+ protected:
+    FaithfulSave() {
+        userVariable_.Set("/vsifaulty/user/");
+        Begin();
+    }
+
+    void Begin() {
+        files_.Content(path_) = kOld;
+        Store::InitializeProperties();
+        Store::SetUserProperty("a", "new value");
+        Store::SetUserProperty("c", "added");
+        table_ = OpenStore::User();
+    }
+
+    void ExpectOld() {
+        EXPECT_EQ(files_.Content(path_), kOld);
+        ExpectNothingBeside();
+    }
+
+    void ExpectNew() {
+        EXPECT_EQ(files_.Content(path_), kNew);
+        ExpectNothingBeside();
+    }
+
+    void ExpectNothingBeside() {
+        EXPECT_THAT(files_.Names(), ElementsAre("/vsifaulty/user/tev.user.properties"));
+        EXPECT_EQ(OpenStore::User(), table_);
+        EXPECT_EQ(files_.OpenHandles(), 0);
+    }
+
+    FaultyFiles files_;
+    const std::string path_ = files_.Add("user/tev.user.properties", kOld);
+    Table table_;
+};
+
+TEST_F(FaithfulSave, WithoutAFaultTheNewFileTakesThePlaceOfTheOld) {
+    EXPECT_TRUE(Save());
+    ExpectNew();
+    EXPECT_EQ(files_.Calls(FileCall::Write), 1);
+    EXPECT_EQ(files_.Calls(FileCall::Rename), 1);
+    EXPECT_TRUE(Save()) << "nothing is left to be saved";
+    EXPECT_EQ(files_.Calls(FileCall::Write), 1);
+}
+
+TEST_F(FaithfulSave, AFullDiskLosesNothing) {
+    for (std::size_t room = 0; room < sizeof kNew - 1; ++room) {
+        SCOPED_TRACE(room);
+        files_.room = room;
+        EXPECT_FALSE(Save());
+        ExpectOld();
+    }
+    files_.room = sizeof kNew - 1;
+    EXPECT_TRUE(Save()) << "once there is room";
+    ExpectNew();
+}
+
+TEST_F(FaithfulSave, ACallThatFailsLosesNothing) {
+    constexpr int kMoreThanAreMade = 12;
+    int refused = 0;
+    for (const FileCall call : {FileCall::Stat, FileCall::OpenToRead, FileCall::OpenToWrite,
+                                FileCall::Tell, FileCall::Seek, FileCall::ReadRange,
+                                FileCall::Write, FileCall::Close, FileCall::Rename}) {
+        for (int n = 0; n < kMoreThanAreMade; ++n) {
+            SCOPED_TRACE(testing::Message() << static_cast<int>(call) << " number " << n);
+            Begin();
+            files_.Fail(call, n);
+            const bool isSaved = Save();
+            files_.FailNone(call);
+            isSaved ? ExpectNew() : ExpectOld();
+            if (isSaved) continue;
+            ++refused;
+            EXPECT_TRUE(Save()) << "the next attempt";
+            ExpectNew();
+        }
+    }
+    EXPECT_GE(refused, 9);
+}
+
+TEST_F(FaithfulSave, WhatIsLostOnClosingIsSeen) {
+    // The first file to be read is the old one, the second is read back.
+    files_.Before(FileCall::OpenToRead, [this] {
+        files_.Before(FileCall::OpenToRead, [this] {
+            for (const std::string& name : files_.Names())
+                if (name != path_) files_.Content(name).resize(3);
+        });
+    });
+    EXPECT_FALSE(Save());
+    ExpectOld();
+}
+
+TEST_F(FaithfulSave, WhatCannotBeRemovedIsLeftBesideTheOldFile) {
+    files_.Fail(FileCall::Write);
+    files_.Fail(FileCall::Unlink);
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(files_.Content(path_), kOld);
+    EXPECT_EQ(files_.Names().size(), 2U);
+    EXPECT_TRUE(Save());
+    ExpectNew();
+}
+
+class FaithfulSaveOnDisk : public StoreFixture {};
+
+TEST_F(FaithfulSaveOnDisk, ARefusedMoveKeepsTheOldFile) {
+    Load(std::nullopt, "a = old\n");
+    Store::SetUserProperty("a", "new");
+    {
+        const auto refused = Fail(tev::fault::calls::MoveFileExW, FALSE, ERROR_ACCESS_DENIED);
+        EXPECT_FALSE(Save());
+        EXPECT_EQ(ReadAll(user_ / kUserFile), "a = old\n");
+    }
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(ReadAll(user_ / kUserFile), "a = new\n");
+}
+
+}  // namespace

@@ -86,7 +86,7 @@ expect 0 'Image Desk with the grey theme'
 printf '\nThe user file now:\n'
 user=$(<"$work/user/tev.user.properties")
 printf '%s\n' "${user//"$place"/'{DEMO}'}"
-grep -qxF 'demo.theme = grey' <<<"$user" || die "the demo expected the theme in the user file"
+grep -qx 'demo.theme *= grey' <<<"$user" || die "the demo expected the theme in the user file"
 
 heading "where: this program ({BIN} is $bin), the framework, its toolkit, the documents"
 # What marks a toolkit is a folder with the name of a library.

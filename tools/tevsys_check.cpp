@@ -48,7 +48,8 @@ void Show(const Findings& findings, const Redactor& redactor) {
         const bool isNote = finding.severity == Diagnostics::Severity::Note;
         std::cout << PlaceText(finding.place) << ": "
                   << Painted(isNote ? Colour::Note : Colour::Warning, NameOf(finding.severity))
-                  << ": " << redactor.Text(finding.message) << " [" << finding.id << "]\n";
+                  << ": " << redactor.Message(finding.key, finding.value, finding.message) << " ["
+                  << finding.id << "]\n";
     }
 }
 
@@ -61,7 +62,7 @@ void WriteFindings(const Findings& findings, const Redactor& redactor) {
         json["severity"] = NameOf(finding.severity);
         json["id"] = finding.id;
         json["key"] = ToUtf8(finding.key);
-        json["message"] = redactor.Text(finding.message);
+        json["message"] = redactor.Message(finding.key, finding.value, finding.message);
         array.push_back(std::move(json));
     }
     Write(std::cout, array);
@@ -76,7 +77,7 @@ ExitCode Check(std::vector<std::string> files, const std::vector<std::string>& r
         return Fail(kUsage,
                     "no properties file was found; name one, or the folders in "
                     "TEV_SYS_CONFIG_DIR and TEV_USER_CONFIG_DIR");
-    Redactor redactor(redacted);
+    const Redactor redactor(redacted);
     Findings findings;
     for (const std::string& file : files) {
         Findings inFile;
@@ -84,7 +85,6 @@ ExitCode Check(std::vector<std::string> files, const std::vector<std::string>& r
             return Fail(kUsage, "cannot read " + file);
         findings.insert(findings.end(), inFile.begin(), inFile.end());
     }
-    redactor.HideQuoted(findings);
     asJson ? WriteFindings(findings, redactor) : Show(findings, redactor);
     const bool isClean = std::all_of(findings.begin(), findings.end(), [](const auto& finding) {
         return finding.severity == Diagnostics::Severity::Note;

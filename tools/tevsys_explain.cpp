@@ -95,9 +95,10 @@ std::string ReferenceText(const Diagnostics::Reference& reference, const Redacto
 
 std::string CorrectionText(const Diagnostics::Explanation& e, const Redactor& redactor) {
     const std::string before = '"' + redactor.Value(e.key, e.expanded) + '"';
-    const std::string after = '"' + e.answer.value + '"';
-    if (e.correction == Correction::Rewritten) return before + " reads as " + after;
-    return before + " is no " + NameOf(e.kind) + "; the default " + after + " is taken";
+    if (e.correction == Correction::Rewritten)
+        return before + " reads as \"" + redactor.Value(e.key, e.answer.value) + '"';
+    return before + " is no " + NameOf(e.kind) + "; the default \"" + e.defaultValue +
+           "\" is taken";
 }
 
 void ShowAnswer(Lines& lines, const Diagnostics::Explanation& e, const Redactor& redactor) {

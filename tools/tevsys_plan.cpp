@@ -32,8 +32,14 @@ bool IsInOrder(const Step& step) {
     return step.outcome == Outcome::Changed || step.outcome == Outcome::Unchanged;
 }
 
-std::string ValueOf(const Step& step, const std::string& value, const Redactor& redactor) {
-    return redactor.Value(redactor.Hides(step.key) ? step.key : step.variable, value);
+// The name that decides whether the value is hidden.
+const std::string& OwnerOf(const Step& step, const Redactor& redactor) {
+    return redactor.Hides(step.key) ? step.key : step.variable;
+}
+
+std::string ReasonOf(const Step& step, const Redactor& redactor) {
+    return redactor.Message(OwnerOf(step, redactor), step.isFolderMissing ? step.value : "",
+                            step.reason);
 }
 
 std::string StateOf(const Step& step, const std::optional<std::string>& value,
@@ -46,11 +52,12 @@ void Show(const Step& step, const Redactor& redactor) {
     if (step.place.line > 0) std::cout << "  (" << PlaceText(step.place) << ')';
     std::cout << "\n  " << (step.kind.empty() ? "-" : step.kind);
     if (!step.variable.empty()) std::cout << ' ' << ToUtf8(step.variable);
-    if (!step.value.empty()) std::cout << " | " << ValueOf(step, step.value, redactor);
+    if (!step.value.empty())
+        std::cout << " | " << redactor.Value(OwnerOf(step, redactor), step.value);
     std::cout << '\n';
     if (!IsInOrder(step)) {
         std::cout << "  " << Painted(Colour::Warning, NameOf(step.outcome)) << ": "
-                  << redactor.Text(step.reason) << '\n';
+                  << ReasonOf(step, redactor) << '\n';
         return;
     }
     std::cout << "  before  " << StateOf(step, step.before, redactor) << '\n'
@@ -68,9 +75,9 @@ Json ToJson(const Step& step, const Redactor& redactor) {
     json["line"] = step.place.line > 0 ? Json(step.place.line) : Json();
     json["kind"] = step.kind.empty() ? Json() : Json(step.kind);
     json["variable"] = ToUtf8(step.variable);
-    json["value"] = ValueOf(step, step.value, redactor);
+    json["value"] = redactor.Value(OwnerOf(step, redactor), step.value);
     json["outcome"] = NameOf(step.outcome);
-    json["reason"] = redactor.Text(step.reason);
+    json["reason"] = ReasonOf(step, redactor);
     json["before"] = state(step.before);
     json["after"] = state(step.after);
     return json;

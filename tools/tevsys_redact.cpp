@@ -55,6 +55,14 @@ std::string Redactor::Value(const std::string& name, const std::string& value) c
     return !value.empty() && Hides(name) ? kHidden : Text(value);
 }
 
+std::string Redactor::Message(const std::string& name, const std::string& value,
+                              const std::string& message) const {
+    const std::size_t at = value.empty() ? std::string::npos : message.find(value);
+    if (at == std::string::npos) return ToUtf8(message);
+    return ToUtf8(message.substr(0, at)) + Value(name, value) +
+           ToUtf8(message.substr(at + value.size()));
+}
+
 std::string Redactor::Text(const std::string& text) const {
     std::string shown = ToUtf8(text);
     for (const std::string& value : hidden_)
@@ -66,11 +74,6 @@ std::string Redactor::Text(const std::string& text) const {
 
 void Redactor::Hide(const std::string& value) {
     if (!value.empty()) hidden_.insert(ToUtf8(value));
-}
-
-void Redactor::HideQuoted(const std::vector<Diagnostics::Finding>& findings) {
-    for (const auto& finding : findings)
-        if (Hides(finding.key)) Hide(finding.value);
 }
 
 void Redactor::HideConfigured() {

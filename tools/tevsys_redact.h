@@ -20,13 +20,14 @@ class Redactor {
     bool Hides(const std::string& name) const;
     // A value that belongs to a name.
     std::string Value(const std::string& name, const std::string& value) const;
-    // Any other text that may quote values.
-    std::string Text(const std::string& text) const;
-    // To be called before anything is shown.
-    void Hide(const std::string& value);
-    void HideQuoted(const std::vector<Diagnostics::Finding>& findings);
+    // A message that may quote a value of that name, once.
+    std::string Message(const std::string& name, const std::string& value,
+                        const std::string& message) const;
 
  private:
+    // A value that belongs to no name that is hidden.
+    std::string Text(const std::string& text) const;
+    void Hide(const std::string& value);
     void HideConfigured();
     void HideVariables();
 

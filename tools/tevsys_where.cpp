@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "tools/tevsys_console.h"
+
 namespace tevsys {
 
 namespace {
@@ -26,7 +28,7 @@ Folder Taken(char* text) {
 
 void ShowLine(std::ostream& out, const char* name, const Folder& folder, const std::string& how,
               const char* whyNot) {
-    out << name << '\t' << folder.value_or("-") << '\t'
+    out << name << '\t' << ToUtf8(folder.value_or("-")) << '\t'
         << (folder ? how : std::string("not found: ") + whyNot) << '\n';
 }
 

@@ -85,7 +85,8 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::string variable;
         std::string value;
         Outcome outcome = Outcome::Ignored;
-        std::string reason;  // why it changes nothing
+        std::string reason;            // why it changes nothing
+        bool isFolderMissing = false;  // the reason then ends with the value
         std::optional<std::string> before;
         std::optional<std::string> after;
     };

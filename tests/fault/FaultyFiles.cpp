@@ -187,7 +187,7 @@ std::string& FaultyFiles::Content(const std::string& path) {
 
 std::vector<std::string> FaultyFiles::Names() const {
     std::vector<std::string> names;
-    for (const auto& [name, entry] : entries_) names.push_back(name);
+    for (const auto& [name, entry] : entries_) names.push_back(kPrefix + name);
     return names;
 }
 

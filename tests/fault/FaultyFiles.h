@@ -42,7 +42,7 @@ class FaultyFiles {
     // The bytes of a file, by its full path.
     std::string& Content(const std::string& path);
 
-    // The names of all entries.
+    // The full paths of all entries.
     std::vector<std::string> Names() const;
 
     // Lets the n-th such call from now on fail, counted from 0, and no other.

@@ -138,9 +138,9 @@ while IFS='|' read -r folder name module; do
     tevsys=$work/$folder/$name/tevsys.exe
     tevsys where
     exits 0; says_nothing
-    ansi=$place\\$(iconv -f UTF-8 -t CP1252 <<<"${folder//\//\\}")
-    prints_line "exe	$ansi\\$name\\	this program"
-    prints_line "program	$ansi\\	module $module"
+    shown=$place\\${folder//\//\\}
+    prints_line "exe	$shown\\$name\\	this program"
+    prints_line "program	$shown\\	module $module"
     tevsys=$built
 done <<FOLDERS
 two words|Plinth.dll|Plinth.dll
@@ -212,14 +212,10 @@ exits 0
 holds 'prints a GUID' grep -Eq "$guid_form" out
 holds 'prints another GUID each time' [ "$(<out)" != "$(<first)" ]
 
-# set
-own="tev.user.config.dir = $place\\user/
-tev.user.properties = $place\\user/tev.user.properties
-"
+# set: the line of the key, or a line at the end; all else stays
 tevsys set a.both 'a new = value'
 exits 0; prints ''; says_nothing
-user_file_is "a.both = a new = value
-$own"
+user_file_is $'# a comment\na.both = a new = value\n'
 tevsys get a.both
 exits 0; prints $'a new = value\n'
 tevsys set b.path /data
@@ -232,13 +228,16 @@ tevsys set e.list '[a,b]'
 exits 0
 tevsys set f.reference '%TEV_TEST_DIR%\y'
 exits 0
-user_file_is "a.both = a new = value
+tevsys set c.number 6
+exits 0
+user_file_is '# a comment
+a.both = a new = value
 b.path = /data
-c.number = -5
+c.number = 6
 d.option = --help
 e.list = [a,b]
-f.reference = %TEV_TEST_DIR%\\y
-$own"
+f.reference = %TEV_TEST_DIR%\y
+'
 tevsys get f.reference
 exits 0; prints "$place\\y"$'\n'
 
@@ -286,7 +285,8 @@ exits 1; prints ''
 # help
 tevsys --help
 exits 0; says_nothing
-for verb in get list set env where demo figures guid doctor; do
+verbs='get list explain check set env run where demo figures guid doctor'
+for verb in $verbs; do
     holds "names the verb $verb" grep -q "^  $verb  *[A-Z]" out
 done
 holds 'names the exit codes' grep -q 'Exit codes: 0 .*1 .*2 ' out
@@ -306,6 +306,32 @@ figures|value<TAB>uncertainty
 guid|36 characters
 VERBS
 
+# The examples of every manual end as they say.
+cp -r "$root"/examples/demo/{system,user} "$root/tests/tools/odd" .
+mkdir clean
+printf 'a = 1\n' >clean/tev.system.properties
+example() {
+    TEV_SYS_CONFIG_DIR=$place\\system TEV_USER_CONFIG_DIR=$place\\user WINEPATH=Z:$bin \
+        eval "$1"
+}
+for verb in '' $verbs; do
+    subject="tevsys $verb --help" code=0
+    "$root/scripts/wine.sh" "$tevsys" $verb --help >manual
+    for heading in DESCRIPTION 'EXIT STATUS' EXAMPLES; do
+        holds "has the heading $heading" grep -qx "$heading" manual
+    done
+    sed '1,/^EXAMPLES$/d' manual | grep '^  tevsys ' >examples
+    holds 'has examples' [ -s examples ]
+    while IFS= read -r command <&3; do
+        wanted=0
+        [[ $command == *'  # '* ]] && wanted=${command##*  # }
+        example "${command%  # *}"
+        subject=$command
+        exits "$wanted"
+        holds 'shows no colour' lacks $'\x1b'
+    done 3<examples
+done
+
 # wrong usage
 while IFS='|' read -ra words; do
     tevsys "${words[@]}"
@@ -317,6 +343,15 @@ get|a|b
 set|a
 list|a
 list|--colour
+explain
+explain|a|b
+explain|a|--all
+explain|
+check|--all
+check|a|--redact
+env|--dry
+run
+run|--
 where|a
 remove|a
 figures

@@ -32,7 +32,7 @@ const char* NameOf(PropertyKind kind) {
         case PropertyKind::Level:
             return "level";
         case PropertyKind::LoggerList:
-            return "list of loggers";
+            return "logger list";
         case PropertyKind::Mode:
             return "mode";
         case PropertyKind::FreeText:
@@ -163,7 +163,7 @@ class Linter {
         if (isValid && !isSystem) return;
         if (isValid) {
             Add(line.number, "rewritten", line.key,
-                Quoted(value) + " reads back as " + Quoted(*corrected))
+                Quoted(value) + " reads back in canonical form, true or false")
                 .severity = Severity::Note;
         } else {
             Add(line.number, isSystem ? "default-taken" : "not-put-right", line.key,
@@ -181,9 +181,10 @@ class Linter {
             const bool isKnown = !step.kind.empty();
             std::string message = "the directive is ignored: " + step.reason;
             if (!step.variable.empty()) message += " (" + step.variable + ')';
-            Add(step.place.line, isKnown ? "ignored-directive" : "unknown-directive", step.key,
-                std::move(message))
-                .value = step.value;
+            auto& finding =
+                Add(step.place.line, isKnown ? "ignored-directive" : "unknown-directive", step.key,
+                    std::move(message));
+            if (step.isFolderMissing) finding.value = step.value;
         }
     }
 

@@ -169,7 +169,8 @@ Diagnostics::DirectiveStep ConfigurationModel::Take(const DirectiveEntry& entry)
     step.value = directive.value;
     if (flaw != DirectiveFlaw::UnknownPrefix) step.kind = NameOf(directive.kind);
     step.reason = ReasonOf(flaw);
-    if (flaw == DirectiveFlaw::NoFolder) step.reason += ": " + step.value;
+    step.isFolderMissing = flaw == DirectiveFlaw::NoFolder;
+    if (step.isFolderMissing) step.reason += ": " + step.value;
     if (step.variable.empty()) return step;
     step.before = step.after = session_.Read(step.variable);
     if (flaw != DirectiveFlaw::None) return step;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <TEVSystemLib/TEVSystemAbi.h>
+
 // TEVSYSTEMLIB_API marks what the DLL exports. A consumer that links the objects statically defines
 // TEVSYSTEMLIB_STATIC.
 #if !defined(_WIN32) || defined(TEVSYSTEMLIB_STATIC)

@@ -69,7 +69,7 @@ verb_test() {
 }
 
 test_quickly() {
-    need_packages "${packages_check[@]}"
+    need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
     test_presets "the product under Wine, the platform-free code natively" mingw-release host |
         keep_number test Tests
@@ -81,7 +81,7 @@ test_all() {
         export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
         test_quickly
     )
-    need_packages "${packages_check[@]}"
+    need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels 'Instruction levels'
@@ -94,11 +94,15 @@ test_all() {
 
 # test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.
 test_presets() {
-    local what=$1 preset failed=0 passed=0 choice=()
+    local what=$1 preset failed=0 passed=0 choice=() quick=(-LE slow)
+    [ "${TEV_TEST_EFFORT:-}" != all ] || quick=()
     shift
     for preset in "$@"; do build "$preset"; done
     for preset in "$@"; do
-        case $preset in mingw-portable | mingw-ssse3) choice=(-L gtest) ;; *) choice=() ;; esac
+        case $preset in
+            mingw-portable | mingw-ssse3) choice=(-L gtest) ;;
+            *) choice=("${quick[@]}") ;;
+        esac
         run_tests "$preset" "${choice[@]}"
     done
     say "tests: $what"

@@ -3,11 +3,15 @@
 packages_build=(g++-mingw-w64-x86-64-posix wine64 cmake ninja-build libcli11-dev
     nlohmann-json3-dev googletest ccache)
 packages_gdal=(dpkg-dev sqlite3 tcl g++ make)
-packages_check=(clang-format-14 clang-tidy-14 git g++)
+packages_check=(clang-format-14 clang-tidy-14 git g++ codespell python3 libxml2-utils)
 packages_fuzz=(clang-14 libclang-rt-14-dev g++ cmake ninja-build ccache)
 packages_mutate=(g++ binutils cmake ninja-build googletest ccache python3)
+packages_package=(git python3 python3-jsonschema python3-license-expression)
+packages_compilers=(clang-14 libc++-14-dev python3)
 packages_coverage=(gcovr python3)
 packages_bench=(libboost-dev libfmt-dev libfast-float-dev libsimpleini-dev python3-matplotlib)
+packages_docs=(doxygen python3)
+packages_look=(chromium)
 
 # need_packages NAME...: no output and no root needed when all are there.
 need_packages() {

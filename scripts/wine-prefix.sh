@@ -5,6 +5,8 @@ need_wine() {
     # Kept alive between programs, each of which would otherwise start it anew.
     WINEPREFIX=$cache/wine WINEDEBUG=-all /usr/lib/wine/wineserver64 -p60 >/dev/null 2>&1 ||
         true
+    # Wine's services start with the first program and keep its output open: no pipe of ours.
+    "$root/scripts/wine.sh" cmd.exe /c exit >/dev/null 2>&1 </dev/null || true
 }
 
 make_wine_prefix() {

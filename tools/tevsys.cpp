@@ -1,7 +1,6 @@
 // Shows and changes what the programs of this machine see through TEVSystemLib.
 
 #include <TEVSystemLib/system/TEVSystemProperties.h>
-#include <TEVSystemLib/util/string/TEVUtilString.h>
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 
 #include <CLI/CLI.hpp>
@@ -15,6 +14,7 @@
 #include "tools/tevsys_check.h"
 #include "tools/tevsys_console.h"
 #include "tools/tevsys_demo.h"
+#include "tools/tevsys_doctor.h"
 #include "tools/tevsys_explain.h"
 #include "tools/tevsys_figures.h"
 #include "tools/tevsys_help.h"
@@ -29,7 +29,6 @@
 namespace {
 
 using TAMO::TEV::System::TEVSystemProperties;
-using TAMO::TEV::System::Util::TEVUtilString;
 using TAMO::TEV::System::Util::TEVUtilWindows;
 using tevsys::Diagnostics;
 
@@ -107,20 +106,6 @@ ExitCode Demo() {
     return kDone;
 }
 
-ExitCode Figures(const std::string& value, const std::string& uncertainty, bool scientific) {
-    double measured = 0;
-    double spread = 0;
-    if (!TEVUtilString::ToDouble(value.c_str(), measured))
-        return Fail(kUsage, "no decimal number: " + value);
-    if (!TEVUtilString::ToDouble(uncertainty.c_str(), spread))
-        return Fail(kUsage, "no decimal number: " + uncertainty);
-    if (!(spread > 0)) return Fail(kFailed, "no figures: the uncertainty must be above 0");
-    const auto figures = tevsys::SignificantFigures(measured, spread, scientific);
-    if (!figures) return Fail(kFailed, "no figures: nothing but zeros in the first 20 decimals");
-    std::cout << figures->value << '\t' << figures->uncertainty << '\n';
-    return kDone;
-}
-
 ExitCode Guid() {
     const std::string guid = TEVUtilWindows::GetGUID();
     if (guid.empty()) return Fail(kFailed, "the system made no GUID");
@@ -161,7 +146,7 @@ void AddShowing(CLI::App* verb, Arguments& a) {
 void AddPlainVerbs(CLI::App& app, Arguments& a) {
     CLI::App* figures =
         AddVerb(app, a, "figures", "Print a measured value as its uncertainty allows",
-                [&a] { return Figures(a.value, a.uncertainty, a.scientific); });
+                [&a] { return tevsys::Figures(a.value, a.uncertainty, a.scientific); });
     figures->add_option("VALUE", a.value, "The measured value, a decimal number")->required();
     figures->add_option("UNCERTAINTY", a.uncertainty, "Its uncertainty, above 0")->required();
     figures->add_flag("--scientific", a.scientific, "In exponent form");
@@ -189,6 +174,13 @@ void AddAnswers(CLI::App& app, Arguments& a) {
                               [&a] { return tevsys::Check(a.words, a.redacted, a.json); });
     check->add_option("FILE", a.words, "Properties files; none for those that the store finds");
     AddShowing(check, a);
+
+    CLI::App* doctor = AddVerb(app, a, "doctor", "Tell why a module loads or does not",
+                               [&a] { return tevsys::Doctor(a.value, a.words, a.json); });
+    doctor->add_option("MODULE", a.value, "A module's path, or a name to search for")->required();
+    doctor->add_option("--dir", a.words, "A search directory; once for each")
+        ->allow_extra_args(false);
+    doctor->add_flag("--json", a.json, "As JSON, for programs");
 }
 
 void AddVerbs(CLI::App& app, Arguments& a) {

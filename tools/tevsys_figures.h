@@ -1,17 +1,12 @@
 #pragma once
 
-#include <optional>
 #include <string>
+
+#include "tools/tevsys_console.h"
 
 namespace tevsys {
 
-// A measured value and its uncertainty as texts.
-struct Figures {
-    std::string value;
-    std::string uncertainty;
-};
-
-// Both rounded to what the uncertainty allows; nothing when the library refuses the numbers.
-std::optional<Figures> SignificantFigures(double value, double uncertainty, bool scientific);
+// Prints a measured value and its uncertainty as the uncertainty allows.
+ExitCode Figures(const std::string& value, const std::string& uncertainty, bool scientific);
 
 }  // namespace tevsys

@@ -54,6 +54,18 @@ constexpr Page kPages[] = {
      "  tevsys check system/tev.system.properties --json  # 1\n"
      "  tevsys check clean/tev.system.properties\n"
      "  tevsys check no/such/file  # 2\n"},
+    {"doctor",
+     "  Tells why a module loads or does not: a tree of what it needs, with what is missing or\n"
+     "  wrong; the folders that are searched, in order; what the system says; and the cause, as "
+     "the\n"
+     "  last line. The module is really loaded, as a host would load it with LoadModule, and\n"
+     "  released: its start routine runs. This program's folder and its loaded modules stand in "
+     "for\n"
+     "  the host's.\n",
+     "  0  it loads\n  1  it does not load, or something in it is wrong\n  2  wrong usage\n",
+     "  tevsys doctor kernel32\n"
+     "  tevsys doctor kernel32 --json\n"
+     "  tevsys doctor no-such-module --dir system  # 1\n"},
     {"set",
      "  The value of the key's line is replaced, or a line is added at the end; comments, order "
      "and\n"

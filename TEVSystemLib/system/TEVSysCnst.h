@@ -12,10 +12,19 @@ namespace TAMO::TEV::System {
 class TEVSYSTEMLIB_API TEVSysCnst {
  public:
     // Byte order of a host. Undetermined marks a value that nobody has asked for yet.
-    enum ByteOrder : int { Undetermined = -1, LittleEndian = 1, BigEndian = 2 };
+    enum ByteOrder : int {
+        Undetermined = -1,  // nobody has asked yet
+        LittleEndian = 1,   // the lowest byte first
+        BigEndian = 2       // the highest byte first
+    };
 
     // Severity under which a message is filed; collections visit levels in ascending order.
-    enum MsgLevel : int { Debug = 0, Info = 1, Warn = 2, Error = 3 };
+    enum MsgLevel : int {
+        Debug = 0,  // for developers
+        Info = 1,   // all is well
+        Warn = 2,   // it went on, but look at it
+        Error = 3   // it failed
+    };
 
     class PropertyKey;
     class PropertyKeyCSM;
@@ -69,7 +78,10 @@ class TEVSYSTEMLIB_API TEVSysCnst {
     static const char* const STR_TRUE;
     static const char* const STR_WARN;
 
+    // The largest size, all bits set.
     static const std::size_t MAX_SIZE_T = ~std::size_t{0};
+
+    // Sizes in bytes.
     static const std::size_t SZ_32_BIT_FLOAT = 4;
     static const std::size_t SZ_INT32 = 4;
     static const std::size_t SZ_UINT_32 = 4;
@@ -86,6 +98,8 @@ class TEVSYSTEMLIB_API TEVSysCnst {
     static const std::size_t SZ_TWO_BYTES = 2;
     static const std::size_t EXPECTED_SZ_WCHAR = 2;
     static const std::size_t SZ_THREE_BYTES = 3;
+
+    // Sizes in bits.
     static const std::size_t SZ_1_BIT = 1;
     static const std::size_t SZ_2_BITS = 2;
     static const std::size_t SZ_3_BITS = 3;
@@ -99,9 +113,13 @@ class TEVSYSTEMLIB_API TEVSysCnst {
     static const std::size_t SZ_24_BITS = 24;
     static const std::size_t SZ_32_BITS = 32;
     static const std::size_t SZ_64_BITS = 64;
+
     static const std::size_t MASK_8_BITS_L = 0x80;  // the leftmost bit of a byte
     static const std::size_t MASK_8_BITS_R = 0x01;  // the rightmost bit of a byte
+    // The longest path that Windows takes, in characters.
     static const std::size_t MAX_WINDOWS_PATH_ALLOWED = 32767;
+
+    // Lengths of the texts whose names they repeat, in characters without terminator.
     static const std::size_t SZ_OPEN_FILE_FORMAT_BINARY_R_MODE = 2;
     static const std::size_t SZ_OPEN_FILE_FORMAT_BINARY_R_W_MODE = 3;
     static const std::size_t SZ_STR_FALSE = 5;
@@ -110,16 +128,21 @@ class TEVSYSTEMLIB_API TEVSysCnst {
     static const std::size_t SZ_STR_OFF = 3;
     static const std::size_t SZ_STR_ON = 2;
 
+    // A switch that modules of the framework read: off.
     static const bool CHK_DLL_SEARCH_DIRS = false;
     // Distance between an upper-case and a lower-case ASCII letter.
     // KEEP: the spelling of the name is part of the interface.
     static const char ANSCII_DIFF_UPPER_LOWER_ALPHABETS = 32;
+    // Limits of a signed byte.
     static const char MAX_8_BITS_VAL = 127;
     static const char MIN_8_BITS_VAL = -128;
+    // Stands for an integer that has no data.
     static const int GENERIC_INT_NO_DATA_VALUE = -1;
+    // The largest 32-bit integer.
     static const int MAX_32_BITS_VAL = 2147483647;
     // KEEP: one above the smallest 32-bit integer; client modules compare against this very number.
     static const int MIN_32_BITS_VAL = -2147483647;
+    // XCode::Uninitialized and XCode::Unknown as integers.
     static const int VALUE_UNINITIALIZED = -2;
     static const int VALUE_UNKNOWN = -1;
 
@@ -205,6 +228,7 @@ class TEVSYSTEMLIB_API TEVSysCnst::ClassificationMarking {
     static const char* const STR_SC_TS;
     static const char* const STR_SC_U;
 
+    // Lengths of the texts whose names they repeat, in characters without terminator.
     static const std::size_t SZ_CLASS_C = 1;
     static const std::size_t SZ_CLASS_R = 1;
     static const std::size_t SZ_CLASS_S = 1;
@@ -224,6 +248,7 @@ class TEVSYSTEMLIB_API TEVSysCnst::GlobalExpFunction {
     static const char* const WAYPOINT_TRANSLATE;
     static const char* const WAYPOINT_VALIDATE;
 
+    // Lengths of the texts whose names they repeat, in characters without terminator.
     static const std::size_t SZ_WAYPOINT_DEL_C_STRING = 18;
     static const std::size_t SZ_WAYPOINT_DLL = 15;
     static const std::size_t SZ_WAYPOINT_TRANSLATE = 17;

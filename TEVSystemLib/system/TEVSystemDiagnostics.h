@@ -3,6 +3,7 @@
 #include <TEVSystemLib/TEVSystemExport.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -12,16 +13,17 @@
 namespace TAMO::TEV::System {
 
 // Tells why the configuration is as it is: what supplied a value, what is odd in a properties file,
-// what the environment directives do. The functions read the files and the environment as they are
-// now and go through the steps of TEVSystemProperties with them, changing nothing: neither the
-// store nor the environment. None of them makes the store, but for those that say so.
+// what the environment directives do; and why a module does not load. The functions for the
+// configuration read the files and the environment as they are now and go through the steps of
+// TEVSystemProperties with them, changing nothing: neither the store nor the environment. None of
+// them makes the store, but for those that say so.
 //
 // Every function gives false, with its output empty, when memory is exhausted; nothing throws. But
 // a folder, a file or a variable that cannot be asked for is passed over, as the store itself does.
 // Texts from files come as their bytes stand, texts from the environment as the C locale has them.
 //
-// Threads: as TEVSystemProperties, with which they must not run at the same time. A snapshot may be
-// read by any thread.
+// Threads: as TEVSystemProperties, with which they must not run at the same time; where a function
+// says otherwise, that holds. A snapshot may be read by any thread.
 class TEVSYSTEMLIB_API TEVSystemDiagnostics {
  public:
     TEVSystemDiagnostics() = delete;
@@ -177,6 +179,104 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // a key or value cannot be held by a line, the text cannot be written, or the file cannot be
     // replaced. Makes the store.
     static bool SaveUserPropertiesPreserving(std::vector<Change>* changes);
+
+    enum class ModuleState : int {
+        Found,
+        System,       // of the system: what it needs in its turn is not looked into
+        Repeated,     // what it needs is shown where it stands for the first time
+        NotFollowed,  // too deep in the tree, or beneath too many others
+        Missing,
+        Unreadable,
+        NotAModule,
+        OtherMachine
+    };
+
+    struct MissingFunction {
+        // "#7" when it is asked for by its ordinal.
+        std::string name;
+        // What the module forwards it to, where it is missing; empty when the module itself lacks
+        // it.
+        std::string forwarder;
+    };
+
+    // A module, as another one asks for it. Texts are UTF-8.
+    struct Module {
+        std::string name;
+        // Empty when it is missing, and for a contract that the system provides without a file.
+        std::string file;
+        ModuleState state = ModuleState::Found;
+        // Of a module that is NotAModule or OtherMachine: what is wrong with it.
+        std::string flaw;
+        // Loaded only when one of its functions is called first: its absence stops no load.
+        bool isDelayed = false;
+        // What the module that asks for it wants of it and does not get.
+        std::vector<MissingFunction> missingFunctions;
+        // The modules that it asks for.
+        std::vector<Module> imports;
+    };
+
+    enum class FolderKind : int {
+        SearchDirectory,
+        Program,
+        DllDirectory,  // what the process has set with SetDllDirectory
+        System,
+        System16,
+        Windows,
+        Current,
+        Path
+    };
+
+    struct SearchedFolder {
+        FolderKind kind = FolderKind::Path;
+        std::string folder;
+    };
+
+    enum class LoadProblem : int {
+        None,
+        EmptyName,
+        ModuleMissing,
+        FunctionMissing,
+        NotAModule,
+        OtherMachine,
+        StartRefused,  // a start routine (DllMain) gave FALSE
+        Unexplained    // the system refuses it, and nothing wrong is seen
+    };
+
+    struct LoadExplanation {
+        // The name of the module as the loader gets it.
+        std::string name;
+        Module module;
+        // In the order of the search, for the module if its name has no folder, and for what it
+        // needs. Search directories that do not exist, or are relative, are not among them.
+        std::vector<SearchedFolder> folders;
+        std::vector<std::string> ignoredDirectories;
+        bool isPathConsulted = false;
+        // What the load gave, and the system's text for the code.
+        bool isLoaded = false;
+        unsigned long code = 0;
+        std::string message;
+        LoadProblem problem = LoadProblem::None;
+        // The module to mend.
+        std::string culprit;
+        // Where a missing module lies in a folder of PATH that was not consulted.
+        std::string onPath;
+        // One sentence.
+        std::string cause;
+    };
+
+    // Why TEVUtilWindows::LoadModule, in its text form, loads a module or does not; the arguments
+    // are the same. Reads the files of the module and of all that it needs, then LOADS THE MODULE
+    // and releases it: its start routine runs, and when it refuses, so do those of the modules that
+    // it needs. Where PATH is not consulted, the code form with a code tries the ordinary search as
+    // well; ask without directories for that one.
+    //
+    // A module that is loaded in this process already is found there, as by the loader. Directories
+    // that the process has added by itself are not known here. Threads: as
+    // TEVUtilWindows::LoadModule.
+    //
+    // False, with the explanation empty, when memory is exhausted or a text does not convert.
+    static bool ExplainLoadFailure(char const* name, char const** dirs, std::uint64_t count,
+                                   LoadExplanation& explanation);
 };
 
 }  // namespace TAMO::TEV::System

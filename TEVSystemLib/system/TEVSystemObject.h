@@ -12,6 +12,7 @@ namespace TAMO::TEV::System {
 // Threads: an object belongs to one thread at a time.
 class TEVSYSTEMLIB_API TEVSystemObject {
  public:
+    // Releases the texts of the identity.
     virtual ~TEVSystemObject();
 
     // True for the same object only, not for an equal identity.
@@ -25,9 +26,11 @@ class TEVSYSTEMLIB_API TEVSystemObject {
     const char* GetTEVSystemObjectClassName() const;
     std::size_t GetObjectCount() const;
 
+    // True once the object has its identity.
     bool IsValidTEVSystemObject() const;
 
  protected:
+    // Without identity.
     TEVSystemObject();
 
     // Gives the object its identity, "className:count:name" with both texts trimmed if a plain

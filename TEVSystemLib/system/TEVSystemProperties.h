@@ -22,7 +22,7 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
  public:
     class DefaultValue;
 
-    // Copies nothing: there is one store.
+    // Copies nothing, since there is one store.
     TEVSystemProperties& operator=(const TEVSystemProperties&);
 
     // Discards both tables, unsaved user properties and cached environment values included, reads
@@ -50,6 +50,7 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     static bool SaveUserProperties();
 
  protected:
+    // Two empty tables, not yet loaded; the accessor below makes the one instance.
     TEVSystemProperties();
     ~TEVSystemProperties();
 
@@ -57,6 +58,7 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     // exhausted; the next call tries again.
     static TEVSystemProperties& get();
 
+    // The system table and the user table.
     std::map<std::string, std::string>& getProperties();
     std::map<std::string, std::string>& getUserProperties();
 

@@ -10,6 +10,7 @@ namespace {
 using Util::TEVUtilWindows;
 
 // The environment of this process.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, never deleted by its base.
 class ThisSession final : public VariableSession {
  public:
     bool Exists(const std::string& name) override {

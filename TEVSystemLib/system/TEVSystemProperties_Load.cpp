@@ -9,6 +9,7 @@ namespace TAMO::TEV::System::detail {
 namespace {
 
 // The files and the environment of this process.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, never deleted by its base.
 class ThisProcess final : public LoadWorld {
  public:
     explicit ThisProcess(PropertyTables tables) : tables_(tables) {}

@@ -10,13 +10,14 @@ namespace TAMO::TEV::System {
 // Nothing throws; safe from any thread. The class is never instantiated.
 class TEVSYSTEMLIB_API XCode {
  public:
+    // The levels as numbers, which do not rank.
     enum Instruction : int {
         Uninitialized = -2,  // no level chosen yet
         Unknown = -1,        // text or number not recognised
-        Basic = 0,
-        Default = 1,
-        Maximum = 2,
-        Minimum = 3
+        Basic = 0,           // "basic"
+        Default = 1,         // "default"
+        Maximum = 2,         // "maximum"
+        Minimum = 3          // "minimum"
     };
 
     static const char* const STR_BASIC;
@@ -25,6 +26,7 @@ class TEVSYSTEMLIB_API XCode {
     static const char* const STR_MINIMUM;
     static const char* const STR_UNINITIALIZED;
 
+    // Lengths of the texts whose names they repeat, in characters without terminator.
     static const std::size_t SZ_STR_BASIC = 5;
     static const std::size_t SZ_STR_DEFAULT = 7;
     static const std::size_t SZ_STR_MAXIMUM = 7;

@@ -94,7 +94,7 @@ TEST(GuardedMemory, WritingInFrontIsFoundOnRelease) {
 }
 
 TEST(GuardedMemory, InFrontOfWholePagesIsAnUnreadableOne) {
-    for (const std::size_t size : {4096, 8192}) {
+    for (const std::size_t size : {4096U, 8192U}) {
         Trap trap;
         unsigned char* block = Take(size);
         Read(block - 1);

@@ -285,7 +285,7 @@ exits 1; prints ''
 # help
 tevsys --help
 exits 0; says_nothing
-verbs='get list explain check set env run where demo figures guid'
+verbs='get list explain check set env run where demo figures guid doctor'
 for verb in $verbs; do
     holds "names the verb $verb" grep -q "^  $verb  *[A-Z]" out
 done

@@ -18,13 +18,18 @@ namespace TAMO::TEV::System::Util {
 // Threads: an object belongs to one thread at a time; the static functions are stateless.
 class TEVSYSTEMLIB_API TEVIO {
  public:
-    // Read opens with "rb", Write with "wb", which replaces the content.
-    enum OpenType : int { Read = 0, Write = 1 };
+    // What a file is opened for.
+    enum OpenType : int {
+        Read = 0,  // with "rb"
+        Write = 1  // with "wb", which replaces the content
+    };
 
+    // Closed, or as open leaves it: isOpen tells whether that succeeded. The destructor closes.
     TEVIO();
     TEVIO(std::string const& path, OpenType type);
     TEVIO(char const* path, OpenType type);
     ~TEVIO();
+    // Not copied: a file has one owner.
     TEVIO(const TEVIO&) = delete;
     TEVIO& operator=(const TEVIO&) = delete;
 
@@ -33,6 +38,7 @@ class TEVSYSTEMLIB_API TEVIO {
     // file first. A value that is no OpenType opens nothing.
     bool open(std::string const& path, OpenType type);
     bool open(char const* path, OpenType type);
+    // True while a file is open.
     bool isOpen() const;
     operator bool() const;
 

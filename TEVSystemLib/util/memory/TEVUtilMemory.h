@@ -22,11 +22,13 @@ namespace TAMO::TEV::System::Util {
 // Threads: no shared state; distinct arrays may be used from any threads.
 class TEVSYSTEMLIB_API TEVUtilMemory {
  public:
+    // A new array of zeros.
     static std::size_t AllocateBoolArray(std::size_t count, bool** out);
     // Counts include the terminator. These two refuse the largest size_t value with 0.
     static std::size_t AllocateCharArray(std::size_t count, char** out);
     static std::size_t AllocateCharArray64(std::size_t count, char** out);
 
+    // A new array of zeros.
     static std::size_t AllocateUnsignedCharArray(std::size_t count, unsigned char** out);
     static std::size_t AllocateWCharTArray(std::size_t count, wchar_t** out);
     static std::size_t AllocateIntArray(std::size_t count, int** out);
@@ -39,15 +41,18 @@ class TEVSYSTEMLIB_API TEVUtilMemory {
     static std::size_t AllocateSizeTArray(std::size_t count, std::size_t** out);
 
     // Arrays of null pointers.
-    // KEEP: mind the orders, which modules were compiled against: these take the count first ...
+    // KEEP: mind the orders, which modules were compiled against.
+    //
+    // The count comes first.
     static std::size_t AllocateDoubleArrayPointers(std::size_t count, double*** out);
     static std::size_t AllocateUnsignedCharArrayPointers(std::size_t count, unsigned char*** out);
     static std::size_t AllocateUnsignedIntArrayPointers(std::size_t count, unsigned int*** out);
-    // ... and these the output first.
+    // The output comes first.
     static std::size_t AllocateCStringArray(char**& out, std::size_t count);
     static std::size_t AllocateConstCStringArray(const char**& out, std::size_t count);
     static std::size_t AllocateCStringArrayPointers(char***& out, std::size_t count);
 
+    // Frees the array.
     static void DeallocateBoolArray(bool** array);
     static void DeallocateCharArray(char** array);
     static void DeallocateUnsignedCharArray(unsigned char** array);

@@ -33,13 +33,15 @@ namespace TAMO::TEV::System::Util {
 class TEVSYSTEMLIB_API TEVUtilString {
  public:
     // Release: null is accepted; the caller's pointer becomes null.
+    //
+    // Releases a C string, a wide C string, an array of bytes.
     static void DeleteCString(char** text);
+    static void DeleteWCharBuffer(wchar_t** text);
+    static void DeleteUnsignedCharArray(unsigned char** array);
     // Frees the first `count` strings, no more than were allocated, then the array.
     static void DeleteCStringArray(char**& array, std::size_t count);
     // Frees the array only: its strings are borrowed.
     static void DeleteConstCStringArray(const char**& array, std::size_t count);
-    static void DeleteWCharBuffer(wchar_t** text);
-    static void DeleteUnsignedCharArray(unsigned char** array);
 
     // Allocation: exactly `count` zeroed elements; the result is `count` or 0. As in
     // TEVUtilMemory, exhausted memory throws std::bad_alloc.
@@ -52,6 +54,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static std::size_t GetCharArray(std::size_t count, char** out, char fill);
 
     // Copying
+    //
     // Copies *length bytes when `length` is given and not 0, without a look at where `source`
     // ends; otherwise the whole text. A null source, or an empty one without a length, is
     // refused.
@@ -76,6 +79,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static int Compare(bool ignoreCase, std::string first, std::string second);
 
     // Searching: positions, -1 for not found.
+    //
     // First occurrence of the substring. Throws std::invalid_argument "Input arguments cannot be
     // NULL or empty strings.".
     static int Find(const char* const text, const char* const sub);
@@ -107,6 +111,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool SubString(const char* const text, std::size_t start, std::size_t count,
                           std::string& out);
     static bool SubString(const char* const text, std::size_t start, std::size_t count, char** out);
+
     // Raw bytes: the caller vouches for text[start .. start + count). Null text and a count of
     // 0 are refused. A failed std::string is cleared.
     static bool GetBytes(const char* const text, std::size_t start, std::size_t count, char** out);
@@ -135,12 +140,14 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static void ToUpper(const char* const text, char** out);
 
     // Trimming
+    //
     // Allocates nothing: points into `text` and gives the number of characters that remain; null or
     // empty gives itself and 0. A text of blanks gives length 0, at its last character when the
     // start is trimmed, at its first when only the end is.
     static const char* Trim(const char* const text, std::size_t& length, bool trimStart,
                             bool trimEnd);
-    // Null throws std::invalid_argument "Input argument cannot be a nullptr.".
+    // Without the blanks at the ends concerned. Null throws std::invalid_argument "Input argument
+    // cannot be a nullptr.".
     static std::string Trim(const char* const text);
     static std::string TrimStart(const char* const text);
     static std::string TrimEnd(const char* const text);
@@ -158,6 +165,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // plain space is trimmed at its start. Without "=", or with one at the start, both halves
     // throw std::invalid_argument "Invalid input string. Input string must be in "key=value"
     // format.".
+    //
     // The key is trimmed at its end. A key of blanks, and a pair shorter than three characters,
     // throw too.
     static std::string GetKeyFromKeyValuePair(const char* const pair);
@@ -178,6 +186,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
 
     // Growing an array of owned strings. The array grows at its end (`append`) or at its front;
     // old strings are moved. On failure the arguments are left unchanged.
+    //
     // Adds a copy of `entry`; null or empty is refused, and so is a null array with a count or
     // an array without one.
     static bool AddEntryToStringArray(char**& array, const char* const entry, std::size_t& count,
@@ -193,15 +202,16 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool AddEntriesToStringArray(char**& array, char**& source, std::size_t& count,
                                         std::size_t& sourceCount, bool append, bool takeOver);
 
-    // An array of `count` null pointers to vectors that the caller creates, and deletes before the
-    // array is released: the second function frees the array only. A count of 0 gives 0 and leaves
-    // `containers` untouched; exhausted memory gives 0 and null.
+    // Vectors of borrowed strings: an array of `count` null pointers to vectors that the caller
+    // creates, and deletes before the array is released: the second function frees the array only.
+    // A count of 0 gives 0 and leaves `containers` untouched; exhausted memory gives 0 and null.
     static std::size_t GetCStringVectorContainerArray(std::size_t count,
                                                       std::vector<const char*>**& containers);
     static void DeleteCStringVectorContainerArray(std::size_t count,
                                                   std::vector<const char*>**& containers);
 
     // Base64 (RFC 4648, padded, no line breaks)
+    //
     // No data, or a null argument: false with the output untouched.
     static bool Base64Encode(const unsigned char* data, std::size_t size, char** encoded);
     // The first character outside the alphabet ends the input silently. The result may hold NUL
@@ -210,6 +220,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
 
     // Narrow and wide text in the process's C locale, which must not be changed meanwhile. In
     // the "C" locale bytes are U+0000 to U+00FF.
+    //
     // Succeeds only when every byte gives one character. Null, empty, and 0x7ffffffd bytes and
     // more are refused.
     static bool ConvertFromCharToWChar(const char* const text, wchar_t** wide);
@@ -220,6 +231,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
 
     // UTF-8 and UTF-16. Lengths are in bytes and in 16-bit units, terminators not counted; the
     // length outputs may be null and become 0 on failure. Invalid sequences become U+FFFD.
+    //
     // The system reads `textLength` as a signed 32-bit number: 0x7fffffff is refused, and one
     // that is negative there CONVERTS UP TO THE TERMINATOR of `text`, which is then counted.
     static bool ConvertFromMultiByteCharToWChar(const char* const text, std::size_t textLength,
@@ -231,6 +243,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // Numbers to text, as the standard streams write them under the global C++ locale, which
     // must not be changed meanwhile. An empty result says that the width was below the minimum
     // or that the formatting failed.
+    //
     // Justified: 'L' fills with blanks on the right and ignores `zeroFill`; any other selector
     // fills on the left, with zeros behind the sign when `zeroFill` is on, else with blanks and
     // WITHOUT a plus sign whatever `showPlus` says. Wider values are not cut. The width is at
@@ -250,6 +263,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // precision + 2.
     static std::string ToString(char justification, double value, std::uint64_t width,
                                 std::uint64_t precision, bool showPlus, bool zeroFill);
+    // Decimal digits, behind a minus sign when the value is negative.
     static std::string ToString(int value);
     static std::string ToString(unsigned int value);
     static std::string ToString(long value);
@@ -263,6 +277,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
 
     // Text to numbers. The text is trimmed if a plain space stands at an end; null or empty text is
     // refused. False says that the text was not accepted and leaves the output untouched.
+    //
     // "true" or "false" in any letter case, no other word.
     static bool ToBool(const char* const text, bool& value);
     // Decimal digits with an optional leading sign. A fraction is accepted and dropped, "." and
@@ -270,7 +285,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // are accepted with a value of the C runtime's choice.
     static bool ToInteger(const char* const text, int& value);
     static bool ToLong(const char* const text, long& value);
-    // The same without "-". NOTHING ABOVE 2147483647 comes out: a larger number is refused or
+    // As ToInteger, without "-". NOTHING ABOVE 2147483647 comes out: a larger number is refused or
     // comes out as another one.
     static bool ToUnsignedInt(const char* const text, unsigned int& value);
     // 64 bits, `ToInt64` with and `ToUInt64` without "-", as the standard streams extract under
@@ -305,6 +320,7 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool TruncateUncertaintyValue(double value, char** out, bool scientific, int figures);
 
     // Byte buffers: the first byte is the most significant. A refused call stores 0.
+    //
     // At most 8 (4) bytes; a count of 0 means all 8 (4).
     static bool BinaryToUnsignedInt64(const char* const bytes, std::uint64_t byteCount,
                                       std::uint64_t& out);
@@ -326,7 +342,8 @@ class TEVSYSTEMLIB_API TEVUtilString {
     static bool DecimalRepresentationOfBinary(const char* const bytes, std::uint64_t byteCount,
                                               char** out, bool commaSeparated, bool asBits);
 
-    // Reverses the bytes of every element in place. A null array or a count below 1 is refused.
+    // Byte order: reverses the bytes of every element in place. A null array or a count below 1 is
+    // refused.
     static bool Swap16BitWord(short* array, int count);
     static bool Swap16BitWord(unsigned short* array, int count);
     static bool Swap32BitWord(int* array, int count);
@@ -336,19 +353,19 @@ class TEVSYSTEMLIB_API TEVUtilString {
     // Always LittleEndian; nothing is probed.
     static TEVSysCnst::ByteOrder SystemByteOrder();
 
-    // Messages by severity. The creators store a new, empty container in *vector or *map; they do
+    // Messages by severity: the creators store a new, empty container in *vector or *map; they do
     // nothing when memory is exhausted. The Delete functions release a container with all that it
     // holds, set the pointer to null, accept null and always give true.
     static void GetMsgsVector(std::vector<char*>** vector);
     static void GetMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
+    static bool DeleteMsgsVector(std::vector<char*>** vector);
+    static bool DeleteMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
     // Appends a copy of the message, owned by `messages`, to its level; a level without vector
     // gets one. Readers neither release the messages nor keep them longer than their vector. A
     // null or empty message or an unknown level is refused; a failure changes nothing. Calls on
     // one map must be made one at a time.
     static bool AddMessage(const char* const message, TEVSysCnst::MsgLevel level,
                            std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>& messages);
-    static bool DeleteMsgsVector(std::vector<char*>** vector);
-    static bool DeleteMsgsMap(std::map<TEVSysCnst::MsgLevel, std::vector<char*>*>** map);
 
  private:
     // `isZero` says that no digit stands before the point.

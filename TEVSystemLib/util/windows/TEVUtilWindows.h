@@ -25,6 +25,8 @@ namespace TAMO::TEV::System::Util {
 // the whole process; the other functions may run on any thread.
 class TEVSYSTEMLIB_API TEVUtilWindows {
  public:
+    // Paths
+    //
     // The folder of a path up to and including its last separator, "/" turned into "\"; "." when it
     // has none; null for an empty path. A new array, also releasable with
     // TEVUtilMemory::DeallocateCharArray.
@@ -34,7 +36,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // TRUE ONLY FOR AN EXISTING DIRECTORY, false for every file: call TEVIO::exists for files.
     static bool FileExists(char const* const path);
 
-    // Reading takes names, and gives values, in the C locale.
+    // Reading the environment: names are taken, and values given, in the C locale.
+    //
     // The variable's value as a new C string; null when it is not set, empty, or not representable.
     static void GetEnv(const char* const name, char** value);
     // As GetEnv, for a folder: trimmed, and ended with "/" unless it ends with "\" or "/". Throws
@@ -50,6 +53,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool GetCurrentProcessEnvironmentVariables(char**& names, char**& values,
                                                       std::size_t& count);
 
+    // Changing the environment
+    //
     // Sets a variable of this process, or deletes it when `value` is null or empty, in the system's
     // environment and the C runtime's. False for an empty name, a value of 32767 characters or
     // more, and when the system refuses.
@@ -63,6 +68,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ModifySessionEnvironmentVariable(const char* const name, const char* const value,
                                                  bool prepend, int operation);
 
+    // Loading modules
+    //
     // Loads a module with `dirs` (null, empty and missing ones are skipped) searched too; with none
     // left in the system's ordinary order. The caller releases with FreeModuleHandle. On failure
     // `error` holds the system's code and message, or the code alone when there is no message; it
@@ -80,6 +87,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Releases a module and nulls the handle; null is left alone.
     static void FreeModuleHandle(HINSTANCE__*& module);
 
+    // Loaded modules
+    //
     // The full file name of a module loaded in this process as a new C string; null if not loaded.
     static char* GetModuleFullyQualifiedName(char const* const name);
     // Its folder, ending with "\", as a new C string; null if not loaded, or when `name` is no
@@ -91,9 +100,11 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
                                                  std::string& folder);
     // Full file names of this process's modules.
     static bool RetrieveAllLoadedModulesInCurrentProcess(char**& modules, std::uint64_t& count);
-    // Where the framework and its companions are installed: folders ending with "\", as new C
-    // strings; null, or false with null, when not found. Folders found are tested as UTF-8:
-    // ASCII names are sure to be found.
+
+    // Install roots: where the framework and its companions are installed, folders ending with "\",
+    // as new C strings; null, or false with null, when not found. Folders found are tested as
+    // UTF-8: ASCII names are sure to be found.
+    //
     // The folder of the first of the framework's marker modules loaded in this process:
     // "Plinth.dll", "SensorSupportDataLib.dll", "MeasureKitLib.dll".
     static char* GetCurrentProcessCorvidRootFolder();
@@ -114,10 +125,14 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // Variants must have exactly the type named: references (VT_BYREF) are refused. Texts end at a
     // NUL character and are taken as they are; `firstKey` alone is trimmed.
 
+    // Texts of COM
+    //
     // -1, 0 or 1 in the order of the invariant locale. Throws std::runtime_error "BSTR comparison
     // operation failed.", also for a null text.
     static int CompareBSTR(bool ignoreCase, wchar_t* const& first, wchar_t* const& second);
+    // A new BSTR; an empty text is copied, a null one gives false.
     static bool CopyBSTR(wchar_t* source, wchar_t** copy);
+    // Releases a BSTR and nulls the pointer; null is accepted.
     static void FreeBSTR(wchar_t** text);
     // In characters, those behind a NUL too; 0 for null.
     static std::uint64_t GetBSTRLength(wchar_t* const& text);
@@ -127,6 +142,8 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     // (E_OUTOFMEMORY) when memory is exhausted.
     static bool FromMultibyteCharToBSTR(char const* text, wchar_t** out);
 
+    // GUIDs
+    //
     // "{38 characters}" as a new wide text, released with TEVUtilString::DeleteWCharBuffer, or a
     // new C string.
     static bool ConvertCLSIDToString(_GUID const& clsid, wchar_t** out);
@@ -145,17 +162,22 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
         "false for every text; use GetCLSIDFromString with the text in braces")]] static bool
     IsValidUUID(char const* text);
 
+    // Arrays of variants
+    //
     // An array of `count` empty variants; bare, or in a variant.
     static bool CreateSafeArrayOfVariants(tagSAFEARRAY** out, std::uint64_t count);
     static bool CreateSafeArrayOfVariants(tagVARIANT* out, std::uint64_t count);
     // Null is accepted.
     static bool DestroySafeArray(tagSAFEARRAY* array);
 
-    // Arrays of one dimension with lower bound 0 in variants: VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
+    // Arrays in variants: one dimension with lower bound 0, VT_ARRAY | VT_R8, VT_I4, VT_BSTR.
     // Reading looks at the first stored bound only, and at numbers without a lock. What is
     // extracted is released with DeleteDoubleBuffer, DeleteIntBuffer, DeleteCStringArray.
+    //
+    // Numbers are copied; a null array or a `count` of 0 gives false.
     static bool SetDoubleArrayVARIANT(double* data, std::uint64_t count, tagVARIANT* out);
     static bool SetIntArrayVARIANT(int* data, std::uint64_t count, tagVARIANT* out);
+    // Numbers, as a new array.
     static bool ExtractDoubleArrayFromVARIANT(double** out, std::uint64_t& count,
                                               tagVARIANT* variant);
     static bool ExtractIntArrayFromVARIANT(int** out, std::uint64_t& count, tagVARIANT* variant);
@@ -181,7 +203,7 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool ExtractKeyValueDataFromVARIANT(tagVARIANT const* variant,
                                                std::map<std::string, char*>& out);
 
-    // Release: null is accepted, the caller's pointer becomes null; also by FreeBSTR.
+    // Release: what was extracted from COM data; null is accepted, the pointer becomes null.
     static void DeleteCharBuffer(char** buffer);
     static void DeleteDoubleBuffer(double** buffer);
     static void DeleteIntBuffer(int** buffer);
@@ -191,8 +213,11 @@ class TEVSYSTEMLIB_API TEVUtilWindows {
     static bool SignificantFigures(double value, double uncertainty, wchar_t** valueText,
                                    wchar_t** uncertaintyText, bool scientific);
 
+    // This process
+    //
     // The pseudo-handle of this process, which needs no release.
     static void* RetrieveCurrentProcess();
+    // Its number.
     static unsigned long RetrieveCurrentProcessID();
 
  private:

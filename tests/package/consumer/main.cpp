@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "Version.h"
+
 using TAMO::TEV::System::TEVSysCnst;
 using TAMO::TEV::System::TEVSystemProperties;
 using TAMO::TEV::System::Util::TEVUtilString;
@@ -66,12 +68,26 @@ void GivesBackWhatItGot() {
     Expect(tokens == nullptr && folder == nullptr, "released pointers are null");
 }
 
+void ShowsItsVersion() {
+    Expect(VersionNumbers() == "1.0.0.0 1.0.0.0", "the DLL has a version in numbers");
+    Expect(VersionText("FileVersion") == "1.0.0" && VersionText("ProductVersion") == "1.0.0",
+           "and in text");
+    Expect(VersionText("FileDescription") ==
+               "Foundation library of a geospatial image-exploitation framework",
+           "it says what it is");
+    Expect(VersionText("OriginalFilename") == "TEVSystemLib.dll" &&
+               VersionText("InternalName") == "TEVSystemLib" &&
+               VersionText("ProductName") == "TEVSystemLib",
+           "and what it is called");
+}
+
 }  // namespace
 
 int main() {
     ReadsAProperty();
     CatchesExceptions();
     GivesBackWhatItGot();
+    ShowsItsVersion();
     std::puts(failures == 0 ? "consumer: all expectations met" : "consumer: failed");
     return failures;
 }

@@ -146,7 +146,7 @@ TYPED_TEST(BinaryToUnsigned, RefusesNullAndMoreBytesThanItHolds) {
     EXPECT_EQ(Unsigned<TypeParam>(bytes.data(), TypeParam::kBytes + 1), "(refused)");
     EXPECT_EQ(Unsigned<TypeParam>(bytes.data(), 16), "(refused)");
     EXPECT_EQ(Unsigned<TypeParam>(bytes.data(), kHighestCount), "(refused)");
-    for (const std::uint64_t byteCount : {0, 1, 4, 8})
+    for (const std::uint64_t byteCount : {0U, 1U, 4U, 8U})
         EXPECT_EQ(Unsigned<TypeParam>(nullptr, byteCount), "(refused)") << byteCount;
 }
 
@@ -218,7 +218,7 @@ TYPED_TEST(BitsToSigned, RandomBytesOfEveryWidthAndAlignment) {
 TYPED_TEST(BitsToSigned, FewerBitsThanFourAreRefused_Kept) {
     const std::string bytes(TypeParam::kBytes, '\xFF');
     for (const char alignment : {'L', 'R'}) {
-        for (const std::uint64_t bitCount : {0, 1, 2, 3})
+        for (const std::uint64_t bitCount : {0U, 1U, 2U, 3U})
             EXPECT_EQ(Signed<TypeParam>(alignment, bytes.data(), bitCount, bytes.size()),
                       "(refused)")
                 << bitCount;

@@ -220,7 +220,7 @@ struct Half {
 template <typename Visitor>
 void ForEachHalf(std::uint64_t lastDigit, Visitor visit) {
     int count = 0;
-    for (const std::uint64_t front : {0, 1, 2, 9, 10, 12, 39, 99, 199, 1009, 99999}) {
+    for (const std::uint64_t front : {0U, 1U, 2U, 9U, 10U, 12U, 39U, 99U, 199U, 1009U, 99999U}) {
         const std::uint64_t kept = front * 10 + lastDigit;
         for (int place = -19; kept != 0 && place <= 12; ++place) {
             const Half half{kept, place};
@@ -243,11 +243,11 @@ void ExpectHalvesGo(bool up, std::uint64_t lastDigit) {
 }
 
 TEST(TruncateUncertaintyValue, EveryHalfGoesDownOntoTwoFourSixEight) {
-    for (const std::uint64_t lastDigit : {2, 4, 6, 8}) ExpectHalvesGo(false, lastDigit);
+    for (const std::uint64_t lastDigit : {2U, 4U, 6U, 8U}) ExpectHalvesGo(false, lastDigit);
 }
 
 TEST(TruncateUncertaintyValue, EveryHalfGoesUpFromAnOddDigit) {
-    for (const std::uint64_t lastDigit : {1, 3, 5, 7, 9}) ExpectHalvesGo(true, lastDigit);
+    for (const std::uint64_t lastDigit : {1U, 3U, 5U, 7U, 9U}) ExpectHalvesGo(true, lastDigit);
 }
 
 TEST(TruncateUncertaintyValue, EveryHalfGoesUpFromAKeptZero_Kept) { ExpectHalvesGo(true, 0); }
@@ -259,7 +259,7 @@ TEST(SignificantFigures, EveryHalfOnEveryLastDigit) {
             const Rounded rounded = half.Result(goesUp);
             const std::string fixed = FixedText(rounded);
             const std::string scientific = ExponentText(rounded);
-            for (const std::uint64_t digit : {1, 9}) {
+            for (const std::uint64_t digit : {1U, 9U}) {
                 const Pair pair = {half.Value(), Scaled(digit, half.place)};
                 const Measured beside = Measure(0, pair.uncertainty);
                 EXPECT_EQ(

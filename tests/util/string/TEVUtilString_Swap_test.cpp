@@ -81,7 +81,7 @@ using ElementTypes = testing::Types<short, unsigned short, int, unsigned int, fl
 TYPED_TEST_SUITE(SwapOfElements, ElementTypes, ElementName);
 
 TYPED_TEST(SwapOfElements, ReversesTheBytesOfEveryElement) {
-    for (const std::size_t count : {1, 2, 3, 8, 31}) {
+    for (const std::size_t count : {1U, 2U, 3U, 8U, 31U}) {
         const std::string bytes = Counted(count * sizeof(TypeParam));
         Elements<TypeParam> elements(bytes);
         EXPECT_TRUE(elements.SwapAll());

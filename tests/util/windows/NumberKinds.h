@@ -18,9 +18,9 @@ struct Doubles {
     using Number = double;
     static constexpr VARTYPE kType = 0x2005;
     static constexpr VARTYPE kElementType = VT_R8;
-    static constexpr auto Set = &Windows::SetDoubleArrayVARIANT;
-    static constexpr auto Extract = &Windows::ExtractDoubleArrayFromVARIANT;
-    static constexpr auto Delete = &Windows::DeleteDoubleBuffer;
+    static inline const auto Set = &Windows::SetDoubleArrayVARIANT;
+    static inline const auto Extract = &Windows::ExtractDoubleArrayFromVARIANT;
+    static inline const auto Delete = &Windows::DeleteDoubleBuffer;
     static std::vector<double> Numbers() {
         using Limits = std::numeric_limits<double>;
         return {0.0,
@@ -40,9 +40,9 @@ struct Ints {
     using Number = int;
     static constexpr VARTYPE kType = 0x2003;
     static constexpr VARTYPE kElementType = VT_I4;
-    static constexpr auto Set = &Windows::SetIntArrayVARIANT;
-    static constexpr auto Extract = &Windows::ExtractIntArrayFromVARIANT;
-    static constexpr auto Delete = &Windows::DeleteIntBuffer;
+    static inline const auto Set = &Windows::SetIntArrayVARIANT;
+    static inline const auto Extract = &Windows::ExtractIntArrayFromVARIANT;
+    static inline const auto Delete = &Windows::DeleteIntBuffer;
     static std::vector<int> Numbers() {
         using Limits = std::numeric_limits<int>;
         return {0, 1, -1, 42, Limits::max(), Limits::min()};

@@ -11,4 +11,8 @@ namespace TAMO::TEV::System::Util::detail {
 std::wstring FromAnsi(std::string_view text);
 std::string ToAnsi(std::wstring_view text);
 
+// The same with UTF-8, for the file layer.
+std::wstring FromUtf8(std::string_view text);
+std::string ToUtf8(std::wstring_view text);
+
 }  // namespace TAMO::TEV::System::Util::detail

@@ -1,0 +1,12 @@
+# The ZIP for people without this checkout: the installed tree with its list of contents.
+set(CPACK_GENERATOR ZIP)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PACKAGE_NAME TEVSystemLib)
+set(CPACK_PACKAGE_FILE_NAME TEVSystemLib-${PROJECT_VERSION}-win64)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/package)
+if(MINGW AND CMAKE_CROSSCOMPILING)
+    set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/package/Finish.cmake)
+    set(CPACK_TEV_SOURCE_DIR ${PROJECT_SOURCE_DIR})
+    set(CPACK_TEV_GDAL_FOLDER ${tev_gdal_folder})
+endif()
+include(CPack)

@@ -1,0 +1,10 @@
+# Runs `program` and compares what it prints with the file `expected`, whatever the line ends.
+list(REMOVE_ITEM program "")
+execute_process(COMMAND ${program} OUTPUT_VARIABLE printed RESULT_VARIABLE code)
+string(REPLACE "\r\n" "\n" printed "${printed}")
+file(READ ${expected} wanted)
+string(REPLACE "\r\n" "\n" wanted "${wanted}")
+if(NOT code EQUAL 0 OR NOT printed STREQUAL wanted)
+    message("Expected:\n${wanted}\nPrinted:\n${printed}")
+    message(FATAL_ERROR "not as expected; exit code ${code}")
+endif()

@@ -1,0 +1,2 @@
+// A plug-in for load_plugin.
+extern "C" __declspec(dllexport) int SensorBands() { return 4; }

@@ -1,0 +1,19 @@
+# Sourced: the verb package.
+
+verb_package() {
+    no_arguments $#
+    need_packages "${packages_package[@]}"
+    need_all
+    [ -n "${SOURCE_DATE_EPOCH:-}" ] || git -C "$root" rev-parse HEAD >/dev/null 2>&1 ||
+        die "$root is no git checkout, so the time of the commit is unknown; set SOURCE_DATE_EPOCH"
+    build mingw-release TEVSystemLib
+    [ -e "$root/build/docs/html" ] || say "without documentation: build/docs/html is not built"
+    local log=$root/build/package.log tree zip
+    (cd "$product" && cpack --config CPackConfig.cmake) >"$log" 2>&1 ||
+        die "the package could not be made; see $log"
+    zip=$(echo "$product"/package/TEVSystemLib-*-win64.zip)
+    tree=$product/package/_CPack_Packages/win64/ZIP/$(basename "$zip" .zip)
+    "$root/scripts/sbom-check.py" "$tree" || die "the package's list of contents is wrong"
+    cp "$zip" "$root/build/"
+    say "made build/$(basename "$zip")"
+}

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# examples_test.sh TREE TOOLCHAIN: builds examples/ against an installed tree alone and runs each
+# program: it must print what examples/expected says. TREE may be a build folder: it is installed.
+. "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
+tree=$(realpath "$1") toolchain=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+run() {
+    "$@" >"$work/log" 2>&1 && return
+    cat "$work/log" >&2
+    die "examples: failed: $*"
+}
+
+if [ -e "$tree/CMakeCache.txt" ]; then
+    run cmake --install "$tree" --prefix "$work/tree"
+    tree=$work/tree
+fi
+run env -u TEV_GDAL_PREFIX cmake -G Ninja -S "$root/examples" -B "$work/build" \
+    -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_PREFIX_PATH="$tree" \
+    -DCMAKE_CROSSCOMPILING_EMULATOR="$root/scripts/wine.sh" \
+    -DCMAKE_CXX_FLAGS='-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror'
+run cmake --build "$work/build" -j2
+run ctest -j2 --test-dir "$work/build" --output-on-failure --no-tests=error
+
+# None is forgotten, and each is short enough to be read at one go.
+longest=59
+for program in "$root"/examples/*.cpp; do
+    name=$(basename "$program" .cpp)
+    grep -q "Passed" <(grep " $name \.\." "$work/log") || die "examples: $name was not run"
+    [ "$(wc -l <"$program")" -le $longest ] || die "examples: $name.cpp is longer than $longest lines"
+done
+say "examples: $(grep -c Passed "$work/log") programs print what is expected"

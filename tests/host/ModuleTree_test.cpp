@@ -1,0 +1,237 @@
+#include "TEVSystemLib/system/detail/ModuleTree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "TEVSystemLib/system/detail/ModuleFault.h"
+#include "support/PeFile.h"
+
+namespace {
+
+using namespace TAMO::TEV::System::detail;
+using TAMO::TEV::System::TEVSystemDiagnostics;
+using tev::test::PeDescription;
+using tev::test::PeFile;
+
+using Module = TEVSystemDiagnostics::Module;
+using Problem = TEVSystemDiagnostics::LoadProblem;
+using State = TEVSystemDiagnostics::ModuleState;
+
+// Modules by name; a file has the name of its module, behind "S:\" if it is the system's.
+class Modules {
+ public:
+    Modules& Add(const std::string& name, const PeDescription& description) {
+        return AddFile(name, PeFile(description));
+    }
+    Modules& AddFile(const std::string& name, const std::string& content) {
+        files_["C:\\" + name] = content;
+        return *this;
+    }
+    Modules& AddSystem(const std::string& name, const PeDescription& description) {
+        files_["S:\\" + name] = PeFile(description);
+        return *this;
+    }
+    Module Tree(const std::string& root) const {
+        return MakeModuleTree(root, {[this](const std::string& name) { return Find(name); },
+                                     [this](const std::string& file) -> std::optional<std::string> {
+                                         if (file == "C:\\locked.dll") return std::nullopt;
+                                         return files_.at(file);
+                                     }});
+    }
+
+ private:
+    std::optional<ModulePlace> Find(const std::string& name) const {
+        if (name == "contract") return ModulePlace{"", true};
+        for (const char* drive : {"C:\\", "S:\\"})
+            if (files_.count(drive + name) != 0) return ModulePlace{drive + name, *drive == 'S'};
+        return std::nullopt;
+    }
+
+    std::map<std::string, std::string> files_;
+};
+
+PeDescription Needing(const std::vector<tev::test::PeNeed>& needs) { return {needs, {}}; }
+
+// "name state" of every module of the tree, deeper ones behind ">".
+std::string Shown(const Module& module) {
+    std::string text = module.name + ' ' + std::to_string(static_cast<int>(module.state));
+    for (const auto& function : module.missingFunctions)
+        text +=
+            " -" + function.name + (function.forwarder.empty() ? "" : "->") + function.forwarder;
+    for (const Module& import : module.imports) text += " >(" + Shown(import) + ')';
+    return text;
+}
+
+std::string CulpritOf(const Module& root) {
+    const ModuleFault fault = FirstFault(root);
+    return fault.culprit == nullptr ? "none" : fault.culprit->name;
+}
+
+TEST(MakeModuleTree, DependencyMissingTwoLevelsDown) {
+    Modules modules;
+    modules.Add("outer", Needing({{"middle", {}}})).Add("middle", Needing({{"inner", {"F"}}}));
+    const Module root = modules.Tree("outer");
+    EXPECT_EQ(Shown(root), "outer 0 >(middle 0 >(inner 4))");
+    EXPECT_EQ(root.imports[0].file, "C:\\middle");
+    const ModuleFault fault = FirstFault(root);
+    EXPECT_EQ(fault.problem, Problem::ModuleMissing);
+    EXPECT_EQ(fault.culprit->name, "inner");
+    EXPECT_EQ(fault.parent->name, "middle");
+}
+
+TEST(MakeModuleTree, RootMayBeMissing) {
+    const Module root = Modules().Tree("outer");
+    EXPECT_EQ(Shown(root), "outer 4");
+    EXPECT_EQ(FirstFault(root).problem, Problem::ModuleMissing);
+    EXPECT_EQ(FirstFault(root).parent, nullptr);
+}
+
+TEST(MakeModuleTree, CyclesEnd) {
+    Modules modules;
+    modules.Add("a", Needing({{"b", {}}, {"a", {}}})).Add("b", Needing({{"A", {}}, {"a", {}}}));
+    EXPECT_EQ(Shown(modules.Tree("a")), "a 0 >(b 0 >(A 2) >(a 2)) >(a 2)");
+}
+
+TEST(MakeModuleTree, NamesFunctionsThatAreMissing) {
+    Modules modules;
+    modules.Add("root", Needing({{"lib", {"There", "Gone", "#5", "#99", "Far", "Lost", "Away"}}}))
+        .Add("lib", {{},
+                     {{"There", ""},
+                      {"Far", "other.There"},
+                      {"Lost", "other.Gone"},
+                      {"Away", "nowhere.There"}}})
+        .Add("other.dll", {{}, {{"There", ""}}});
+    const Module root = modules.Tree("root");
+    EXPECT_EQ(Shown(root), "root 0 >(lib 0 -Gone -#99 -Lost->other.Gone -Away->nowhere.There)");
+    EXPECT_EQ(FirstFault(root).problem, Problem::FunctionMissing);
+    EXPECT_EQ(FirstFault(root).parent->name, "root");
+}
+
+TEST(MakeModuleTree, ForwardersThatNeverArriveAreMissing) {
+    Modules modules;
+    modules.Add("root", Needing({{"a.dll", {"Round", "Bad", "Text", "Number"}}}))
+        .Add("a.dll",
+             {{},
+              {{"Round", "b.Round"}, {"Bad", "nothing"}, {"Text", "text.F"}, {"Number", "b.#5"}}})
+        .Add("b.dll", {{}, {{"Round", "a.Round"}}})
+        .AddFile("text.dll", "text");
+    EXPECT_EQ(Shown(modules.Tree("root")),
+              "root 0 >(a.dll 0 -Round->b.Round -Bad->nothing -Text->text.F -Number->b.#5)");
+}
+
+TEST(MakeModuleTree, SystemModulesAreNotFollowed) {
+    Modules modules;
+    modules
+        .Add("root", Needing({{"kernel", {"There", "Sent", "Gone"}},
+                              {"contract", {"Any"}},
+                              {"standin", {"Any"}},
+                              {"lib.dll", {"ToKernel", "ToNowhere"}}}))
+        .AddSystem("kernel", {{{"nowhere", {}}}, {{"There", ""}, {"Sent", "nowhere.F"}}})
+        .AddSystem("standin", {})
+        .AddSystem("kernel.dll", {{}, {{"There", ""}}})
+        .Add("lib.dll", {{}, {{"ToKernel", "kernel.There"}, {"ToNowhere", "kernel.Gone"}}});
+    EXPECT_EQ(Shown(modules.Tree("root")),
+              "root 0 >(kernel 1 -Gone) >(contract 1) >(standin 1) "
+              ">(lib.dll 0 -ToNowhere->kernel.Gone)");
+}
+
+TEST(MakeModuleTree, TellsWhatIsWrongWithAFile) {
+    Modules modules;
+    modules
+        .Add("root",
+             Needing(
+                 {{"text", {"F"}}, {"x86", {"F"}}, {"arm", {}}, {"old", {}}, {"locked.dll", {}}}))
+        .AddFile("text", "text")
+        .Add("x86", {{}, {}, tev::test::kPeX86})
+        .Add("arm", {{}, {}, 0xAA64})
+        .Add("old", {{}, {}, 0x184})
+        .AddFile("locked.dll", "");
+    const Module root = modules.Tree("root");
+    EXPECT_EQ(Shown(root), "root 0 >(text 6) >(x86 7) >(arm 7) >(old 7) >(locked.dll 5)");
+    EXPECT_EQ(root.imports[0].flaw, "it does not begin as a module does");
+    EXPECT_EQ(root.imports[1].flaw, "32-bit x86");
+    EXPECT_EQ(root.imports[2].flaw, "64-bit ARM");
+    EXPECT_EQ(root.imports[3].flaw, "the machine number 388");
+    EXPECT_EQ(FirstFault(root.imports[1]).problem, Problem::OtherMachine);
+    EXPECT_EQ(FirstFault(root.imports[4]).problem, Problem::NotAModule);
+    EXPECT_EQ(FirstFault(root).culprit, &root.imports[0]);
+}
+
+TEST(MakeModuleTree, DelayedModulesStopNoLoad) {
+    Modules modules;
+    modules
+        .Add("root", Needing({{"gone", {"F"}, true}, {"lib", {"Gone"}, true}, {"text", {}, true}}))
+        .Add("lib", Needing({{"gone", {}}}))
+        .AddFile("text", "text");
+    const Module root = modules.Tree("root");
+    EXPECT_EQ(Shown(root), "root 0 >(gone 4) >(lib 0 -Gone) >(text 6)");
+    EXPECT_TRUE(root.imports[0].isDelayed);
+    EXPECT_EQ(CulpritOf(root), "none");
+}
+
+TEST(MakeModuleTree, LongChainsAndWideTreesEnd) {
+    Modules chain;
+    for (int i = 0; i < 300; ++i)
+        chain.Add(std::to_string(i), Needing({{std::to_string(i + 1), {}}}));
+    Module module = chain.Tree("0");
+    int depth = 0;
+    while (!module.imports.empty()) {
+        Module next = module.imports[0];
+        module = next;
+        ++depth;
+    }
+    EXPECT_EQ(depth, 200);
+    EXPECT_EQ(module.state, State::NotFollowed);
+
+    Modules wide;
+    const std::vector<tev::test::PeNeed> needs(4000, {"leaf", {}});
+    wide.Add("leaf", {});
+    for (const char* name : {"a", "b", "c", "d"}) wide.Add(name, Needing(needs));
+    wide.Add("root", Needing({{"a", {}}, {"b", {}}, {"c", {}}, {"d", {}}}));
+    const Module tree = wide.Tree("root");
+    std::size_t count = 0;
+    for (const Module& import : tree.imports) count += 1 + import.imports.size();
+    EXPECT_EQ(count, 10000U);
+    EXPECT_EQ(CulpritOf(tree), "none");
+}
+
+TEST(FirstFault, WhatAModuleNeedsComesBeforeItsFunctions) {
+    Modules modules;
+    modules.Add("root", Needing({{"lib", {"Gone"}}, {"gone", {}}}))
+        .Add("lib", {{{"deep", {"Gone"}}}, {{"F", ""}}})
+        .Add("deep", {{}, {{"F", ""}}});
+    EXPECT_EQ(CulpritOf(modules.Tree("root")), "deep");
+}
+
+TEST(StartOrder, NeededOnesFirst) {
+    Modules modules;
+    modules
+        .Add("root", Needing({{"a", {}}, {"kernel", {}}, {"b", {}}, {"gone", {}}, {"d", {}, true}}))
+        .Add("a", Needing({{"c", {}}}))
+        .Add("b", Needing({{"c", {}}}))
+        .Add("c", {})
+        .Add("d", {})
+        .AddSystem("kernel", {});
+    const Module root = modules.Tree("root");
+    std::vector<std::string> names;
+    for (const Module* module : StartOrder(root)) names.push_back(module->name);
+    EXPECT_THAT(names, testing::ElementsAre("c", "a", "b", "root"));
+}
+
+TEST(WithModuleEnding, UnlessThereIsOne) {
+    const char* const rows[][2] = {
+        {"kernel32", "kernel32.dll"},
+        {"a.dll", "a.dll"},
+        {"a.ocx", "a.ocx"},
+        {"a.", "a"},
+        {"C:\\x.y\\module", "C:\\x.y\\module.dll"},
+        {"C:/x.y/module", "C:/x.y/module.dll"},
+        {"", ".dll"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(WithModuleEnding(row[0]), row[1]);
+}
+
+}  // namespace

@@ -1,0 +1,220 @@
+#include "TEVSystemLib/util/windows/detail/PeImage.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/PeFile.h"
+
+namespace {
+
+using namespace TAMO::TEV::System::Util::detail;
+using tev::test::PeAround;
+using tev::test::PeDirectories;
+using tev::test::PeFile;
+using tev::test::PutNumber;
+
+const tev::test::PeDescription kSound{
+    {{"first.dll", {"One", "#7"}}, {"late.dll", {"Later"}, true}, {"second", {}}},
+    {{"Zeta", ""}, {"", ""}, {"Alpha", ""}, {"Sent", "third.Function"}}};
+
+TEST(ReadPeImage, ListsImports) {
+    const std::string file = PeFile(kSound);
+    const PeImage image = ReadPeImage(file);
+    EXPECT_EQ(image.flaw, PeFlaw::None);
+    EXPECT_EQ(image.machine, kPeMachineX64);
+    ASSERT_EQ(image.imports.size(), 3U);
+    EXPECT_EQ(image.imports[0].name, "first.dll");
+    EXPECT_FALSE(image.imports[0].isDelayed);
+    ASSERT_EQ(image.imports[0].functions.size(), 2U);
+    EXPECT_EQ(image.imports[0].functions[0].name, "One");
+    EXPECT_EQ(image.imports[0].functions[1].name, "");
+    EXPECT_EQ(image.imports[0].functions[1].ordinal, 7);
+    EXPECT_EQ(image.imports[1].name, "second");
+    EXPECT_TRUE(image.imports[1].functions.empty());
+    EXPECT_EQ(image.imports[2].name, "late.dll");
+    EXPECT_TRUE(image.imports[2].isDelayed);
+    ASSERT_EQ(image.imports[2].functions.size(), 1U);
+    EXPECT_EQ(image.imports[2].functions[0].name, "Later");
+}
+
+TEST(ReadPeImage, FindsExportsByNameAndByOrdinal) {
+    const std::string file = PeFile(kSound);
+    const PeExports exports = ReadPeImage(file).exports;
+    const struct {
+        PeImport wanted;
+        bool isThere;
+        const char* forwarder;
+    } rows[] = {
+        {{"Zeta", 0}, true, ""},  {{"Alpha", 0}, true, ""}, {{"Sent", 0}, true, "third.Function"},
+        {{"zeta", 0}, false, ""}, {{"Zet", 0}, false, ""},  {{"Zetas", 0}, false, ""},
+        {{"", 5}, true, ""},      {{"", 6}, true, ""},      {{"", 8}, true, "third.Function"},
+        {{"", 4}, false, ""},     {{"", 9}, false, ""},     {{"", 0}, false, ""},
+        {{"", 65535}, false, ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.wanted.name) + '#' + std::to_string(row.wanted.ordinal));
+        const PeFunction* function = exports.Find(row.wanted);
+        ASSERT_EQ(function != nullptr, row.isThere);
+        EXPECT_EQ(function == nullptr ? "" : function->forwarder, row.forwarder);
+    }
+}
+
+TEST(ReadPeImage, OrdinalLeftOutIsNotThere) {
+    std::string file = PeFile({{}, {{"Only", ""}}});
+    const std::string address("\x40\0\0\0", 4);
+    file.replace(file.rfind(address), 4, std::string(4, '\0'));
+    EXPECT_EQ(ReadPeImage(file).exports.Find({"Only", 0}), nullptr);
+    EXPECT_EQ(ReadPeImage(file).exports.Find({"", 5}), nullptr);
+}
+
+TEST(ReadPeImage, TellsWhatIsNoModule) {
+    const struct {
+        std::string file;
+        PeFlaw flaw;
+    } rows[] = {
+        {"", PeFlaw::Empty},
+        {"This is not a module.", PeFlaw::NoModule},
+        {std::string(100, '\0'), PeFlaw::NoModule},
+        {"MZ", PeFlaw::CutOff},
+        {"MZ" + std::string(100, '\0'), PeFlaw::NoModule},
+        {"MZ" + std::string(100, '\xFF'), PeFlaw::CutOff},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(ReadPeImage(row.file).flaw, row.flaw) << row.file;
+        EXPECT_EQ(ReadPeImage(row.file).machine, 0) << row.file;
+    }
+}
+
+TEST(ReadPeImage, CutOffAnywhereIsNoted) {
+    const std::string whole = PeFile(kSound);
+    for (std::size_t size = 2; size < whole.size(); ++size) {
+        // In memory of that size, so that a sanitizer sees who reads on.
+        const std::vector<char> cut(whole.begin(), whole.begin() + static_cast<long>(size));
+        EXPECT_EQ(ReadPeImage({cut.data(), cut.size()}).flaw, PeFlaw::CutOff) << size;
+    }
+}
+
+TEST(ReadPeImage, OtherMachinesAreNotReadFurther) {
+    const std::string x86 = PeFile({kSound.needs, kSound.gives, tev::test::kPeX86});
+    EXPECT_EQ(ReadPeImage(x86).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(x86).machine, 0x14C);
+    EXPECT_TRUE(ReadPeImage(x86).imports.empty());
+    const std::string arm = PeFile({kSound.needs, kSound.gives, 0xAA64});
+    EXPECT_EQ(ReadPeImage(arm).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(arm).machine, 0xAA64);
+    EXPECT_TRUE(ReadPeImage(arm).imports.empty());
+}
+
+TEST(ReadPeImage, UnknownFormOfHeaderIsNoted) {
+    std::string file = PeFile(kSound);
+    PutNumber(file, 0x58, 0x107, 2);
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::OtherForm);
+}
+
+std::string Numbers(const std::vector<std::uint64_t>& numbers) {
+    tev::test::PeBody body;
+    body.AddNumbers(numbers, 4);
+    return body.Bytes();
+}
+
+// An import table without an end, and one entry whose list of functions has none.
+std::string Endless(std::size_t modules, std::size_t functions) {
+    tev::test::PeBody body;
+    const auto name = body.AddText("m");
+    const auto list = body.AddNumbers(std::vector<std::uint64_t>(functions, 1ULL << 63), 8);
+    const auto end = body.AddNumbers({0}, 8);
+    std::vector<std::uint64_t> table;
+    for (std::size_t i = 0; i < modules; ++i)
+        for (const std::uint64_t number : {0U, 0U, 0U, name, functions == 0 ? end : list})
+            table.push_back(number);
+    table.resize(table.size() + 5);
+    PeDirectories places;
+    places.imports = body.AddNumbers(table, 4);
+    return PeAround(body.Bytes(), places);
+}
+
+TEST(ReadPeImage, TablesHaveALimit) {
+    EXPECT_EQ(ReadPeImage(Endless(4096, 0)).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(Endless(4097, 0)).flaw, PeFlaw::Damaged);
+    EXPECT_EQ(ReadPeImage(Endless(1, 65536)).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(Endless(1, 65537)).flaw, PeFlaw::Damaged);
+    EXPECT_EQ(ReadPeImage(Endless(2, 40000)).flaw, PeFlaw::Damaged) << "in all";
+}
+
+TEST(ReadPeImage, DamagedTablesAreNoted) {
+    constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
+    const struct {
+        const char* what;
+        std::string body;
+        PeDirectories places;
+    } rows[] = {
+        {"imports outside", "body", {0, 0, 0xFFFFFFF0, 0}},
+        {"imports beyond the section", "body", {0, 0, kBody + 2, 0}},
+        {"name outside", Numbers({1, 0, 0, 0x7FFFFFFF, kBody}), {0, 0, kBody, 0}},
+        {"name without an end", Numbers({kBody, 0, 0, kBody + 16, 0x41414141}), {0, 0, kBody, 0}},
+        {"functions outside", Numbers({9, 0, 0, kBody, 9, 0x41}), {0, 0, kBody, 0}},
+        {"delayed imports outside", "body", {0, 0, 0, 0xFFFFFFFF}},
+        {"exports outside", "body", {0xFFFFFFFF, 0xFFFFFFFF, 0, 0}},
+        {"many functions",
+         Numbers({0, 0, 0, 0, 1, 0xFFFFFFFF, 0, kBody, kBody, kBody}),
+         {kBody, 40, 0, 0}},
+        {"many names",
+         Numbers({0, 0, 0, 0, 1, 0, 0x10001, kBody, kBody, kBody}),
+         {kBody, 40, 0, 0}},
+        {"names outside", Numbers({0, 0, 0, 0, 1, 0, 2, kBody, 0x900, kBody}), {kBody, 40, 0, 0}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ReadPeImage(PeAround(row.body, row.places)).flaw, PeFlaw::Damaged) << row.what;
+}
+
+TEST(ReadPeImage, LongNamesAreNoModules) {
+    for (const std::size_t length : {4096U, 4097U}) {
+        const std::string file = PeFile({{{std::string(length, 'n'), {}}}, {}});
+        EXPECT_EQ(ReadPeImage(file).flaw, length == 4096 ? PeFlaw::None : PeFlaw::Damaged);
+    }
+}
+
+TEST(ReadPeImage, DelayedImportsOfOldLinkersAreLeftOut) {
+    tev::test::PeBody body;
+    const auto name = body.AddText("old.dll");
+    PeDirectories places;
+    places.delayedImports = body.AddNumbers({0, name, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, 4);
+    const std::string file = PeAround(body.Bytes(), places);
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
+    EXPECT_TRUE(ReadPeImage(file).imports.empty());
+}
+
+TEST(SplitForwarder, ModuleAndFunction) {
+    const struct {
+        const char* forwarder;
+        bool isOne;
+        const char* module;
+        PeImport function;
+    } rows[] = {
+        {"other.Function", true, "other", {"Function", 0}},
+        {"a.b.Function", true, "a.b", {"Function", 0}},
+        {"other.#12", true, "other", {"", 12}},
+        {"other.#65535", true, "other", {"", 65535}},
+        {"other.#65536", false, "", {}},
+        {"other.#99999999999999999999", false, "", {}},
+        {"other.#", false, "", {}},
+        {"other.#1x", false, "", {}},
+        {"other.", false, "", {}},
+        {".Function", false, "", {}},
+        {"other", false, "", {}},
+        {"", false, "", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.forwarder);
+        std::string_view module;
+        PeImport function;
+        ASSERT_EQ(SplitForwarder(row.forwarder, module, function), row.isOne);
+        if (!row.isOne) continue;
+        EXPECT_EQ(module, row.module);
+        EXPECT_EQ(function.name, row.function.name);
+        EXPECT_EQ(function.ordinal, row.function.ordinal);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# refusals_test.sh BUILD: compilers whose programs would corrupt memory without a word are refused
+# with a sentence that says why; the others are not.
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+find_tree
+echo '#include <TEVSystemLib/system/XCode.h>' >"$work/host.cpp"
+
+# A tree whose DLL was built otherwise, as far as its headers tell.
+built_otherwise() {
+    mkdir -p "$work/$1"
+    cp -r "$tree/include" "$work/$1"
+    sed -i "s/$2 0/$2 1/" "$work/$1/include/TEVSystemLib/TEVSystemBuild.h"
+}
+built_otherwise msvc TEVSYSTEMLIB_BUILT_BY_MSVC
+built_otherwise ucrt TEVSYSTEMLIB_BUILT_WITH_UCRT
+
+# compiles TREE COMPILER OPTION...
+compiles() {
+    local include=$1/include
+    shift
+    "$@" -fsyntax-only -I"$include" "$work/host.cpp" >"$log" 2>&1
+}
+
+refused() {
+    local words=$1
+    shift
+    ! compiles "$@" || fail "not refused: $*"
+    grep -q "error: .*TEVSystemLib: $words" "$log" || {
+        head -n 20 "$log" >&2
+        fail "refused without the sentence '$words': $*"
+    }
+}
+
+accepted() { compiles "$@" || { cat "$log" >&2; fail "not accepted: $*"; }; }
+
+gxx=("$compiler")
+mapfile -t clang < <(bash -c '. "$0/scripts/common.sh" && clang_options_for_windows' "$root")
+mapfile -t c_only < <(printf '%s\n' "${clang[@]}" | grep -v '/c++')
+libcxx=(clang++-14 -nostdinc++ -isystem /usr/lib/llvm-14/include/c++/v1 "${c_only[@]}")
+clang=(clang++-14 "${clang[@]}")
+
+refused 'these headers need C++17' "$tree" "${gxx[@]}" -std=c++14
+refused '_GLIBCXX_USE_CXX11_ABI=0 lays std::string out unlike' \
+    "$tree" "${gxx[@]}" -std=c++17 -D_GLIBCXX_USE_CXX11_ABI=0
+refused 'the DLL uses the C runtime msvcrt.dll' "$tree" "${gxx[@]}" -std=c++17 -D_UCRT
+refused 'structures are packed' "$tree" "${gxx[@]}" -std=c++17 -fpack-struct
+refused 'wchar_t has 16 bits' "$tree" "${clang[@]}" -std=c++17 -fno-short-wchar
+refused 'the DLL uses libstdc++' "$tree" "${libcxx[@]}" -std=c++17
+refused 'the DLL throws by SEH tables' "$tree" "${clang[@]}" -std=c++17 -fsjlj-exceptions
+refused 'the DLL is a 64-bit one' "$tree" clang++-14 --target=i686-w64-mingw32 -std=c++17
+refused 'the DLL was built by MinGW-w64' "$tree" \
+    clang++-14 --target=x86_64-pc-windows-msvc -std=c++17
+refused 'these headers need C++17' "$tree" clang++-14 --target=x86_64-pc-windows-msvc -std=c++14
+refused 'the DLL was built by Visual C++' "$work/msvc" "${gxx[@]}" -std=c++17
+refused 'the DLL uses the universal C runtime' "$work/ucrt" "${gxx[@]}" -std=c++17
+
+accepted "$work/ucrt" "${gxx[@]}" -std=c++17 -D_UCRT
+for options in -std=c++17 -std=gnu++20 -std=c++23 '-std=c++17 -D_GLIBCXX_ASSERTIONS -fno-rtti'; do
+    # shellcheck disable=SC2086
+    accepted "$tree" "${gxx[@]}" $options
+done
+accepted "$tree" "${clang[@]}" -std=c++17

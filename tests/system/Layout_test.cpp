@@ -1,0 +1,41 @@
+#include <TEVSystemLib/system/TEVSysCnst.h>
+#include <TEVSystemLib/system/TEVSystemObject.h>
+#include <TEVSystemLib/system/XCode.h>
+#include <TEVSystemLib/util/file/TEVIO.h>
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+// What hosts have compiled in: the room that objects take, and how enumerators are passed.
+namespace {
+
+using TAMO::TEV::System::TEVSysCnst;
+using TAMO::TEV::System::TEVSystemObject;
+using TAMO::TEV::System::XCode;
+using TAMO::TEV::System::Util::TEVIO;
+
+TEST(Layout, ObjectIsATableTwoTextsAndACount) {
+    EXPECT_EQ(sizeof(TEVSystemObject), 32U);
+    EXPECT_EQ(alignof(TEVSystemObject), 8U);
+    EXPECT_TRUE(std::is_polymorphic_v<TEVSystemObject>);
+}
+
+TEST(Layout, FileIsOnePointerWithoutATable) {
+    EXPECT_EQ(sizeof(TEVIO), 8U);
+    EXPECT_EQ(alignof(TEVIO), 8U);
+    EXPECT_FALSE(std::is_polymorphic_v<TEVIO>);
+}
+
+TEST(Layout, EnumerationsAreInts) {
+    EXPECT_TRUE((std::is_same_v<std::underlying_type_t<TEVIO::OpenType>, int>));
+    EXPECT_TRUE((std::is_same_v<std::underlying_type_t<TEVSysCnst::ByteOrder>, int>));
+    EXPECT_TRUE((std::is_same_v<std::underlying_type_t<TEVSysCnst::MsgLevel>, int>));
+    EXPECT_TRUE((std::is_same_v<std::underlying_type_t<XCode::Instruction>, int>));
+}
+
+TEST(Layout, OpenTypesAreZeroAndOne) {
+    EXPECT_EQ(static_cast<int>(TEVIO::Read), 0);
+    EXPECT_EQ(static_cast<int>(TEVIO::Write), 1);
+}
+
+}  // namespace

@@ -119,11 +119,6 @@ struct FaultyCallbacks {
         return 0;
     }
 
-    static int Unlink(void*, const char* name) {
-        if (current == nullptr || !current->Begin(FileCall::Unlink)) return kFailed;
-        return current->entries_.erase(name) == 1 ? 0 : kFailed;
-    }
-
  private:
     static std::uint64_t ToldSize(const std::string& content) {
         return current->toldSize == FaultyFiles::kTrueSize ? content.size() : current->toldSize;
@@ -152,7 +147,6 @@ void Install() {
     callbacks->write = FaultyCallbacks::Write;
     callbacks->close = FaultyCallbacks::Close;
     callbacks->rename = FaultyCallbacks::Rename;
-    callbacks->unlink = FaultyCallbacks::Unlink;
     VSIInstallPluginHandler(kPrefix, callbacks.get());
 }
 

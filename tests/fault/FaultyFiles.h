@@ -28,7 +28,8 @@ enum class FileCall {
 };
 
 // Files in memory below "/vsifaulty/", whose calls fail on demand. One object at a time; it fails
-// the test that leaves a file open, and forgets the files at its end.
+// the test that leaves a file open, and forgets the files at its end. None can be removed: this
+// GDAL asks the disk instead.
 class FaultyFiles {
  public:
     FaultyFiles();
@@ -89,7 +90,7 @@ class FaultyFiles {
     bool Begin(FileCall call);
 
     std::map<std::string, Entry> entries_;
-    std::array<Plan, static_cast<std::size_t>(FileCall::Unlink) + 1> plans_;
+    std::array<Plan, static_cast<std::size_t>(FileCall::Rename) + 1> plans_;
     int openHandles_ = 0;
 };
 

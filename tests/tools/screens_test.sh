@@ -59,9 +59,6 @@ screens() {
             shown=true
         elif ! $shown; then
             printf '%s\n' "$line"
-        elif [ -z "$line" ]; then
-            printf '\n'
-            shown=false
         fi
     done <"$1"
 }

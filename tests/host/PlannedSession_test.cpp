@@ -27,6 +27,12 @@ TEST_F(Planned, ReadsWhatWasThereUntilItIsChanged) {
     EXPECT_TRUE(session_.Exists("x"));
 }
 
+TEST_F(Planned, DoesNotTellTheCasesOfLettersApart) {
+    EXPECT_TRUE(session_.Set("a\xE9\xF7", "1"));
+    EXPECT_EQ(session_.Read("A\xC9\xF7"), "1");
+    EXPECT_EQ(session_.Read("A\xC9\xD7"), std::nullopt) << "signs, no letters";
+}
+
 TEST_F(Planned, NoTextDeletes) {
     EXPECT_TRUE(session_.Set("LIST", nullptr));
     EXPECT_FALSE(session_.Exists("LIST"));

@@ -84,7 +84,9 @@ class Configurations {
                 "TEV_V4|a;b",
                 "TEV_V1|" + folder_,
                 "TEV_V2|" + folder_ + "/none",
-                "A=B|c"};
+                "A=B|c",
+                "TEV_\xC9|1",
+                "TEV_\xE9|2"};
     }
 
     std::string Key() {

@@ -178,7 +178,7 @@ Diagnostics::DirectiveStep ConfigurationModel::Take(const DirectiveEntry& entry)
     step.after = session_.Read(step.variable);
     const bool isChanged = step.before != step.after;
     step.outcome = isChanged ? Outcome::Changed : isTaken ? Outcome::Unchanged : Outcome::Refused;
-    if (isTaken && !isChanged) step.reason = kAlreadySo;
+    if (isTaken && !isChanged) step.reason = step.after ? kAlreadySo : kUnreadable;
     if (!isTaken) step.reason = step.before ? kSystemRefuses : kNotSet;
     return step;
 }

@@ -6,6 +6,7 @@
 namespace TAMO::TEV::System::detail {
 
 constexpr char kAlreadySo[] = "it is so already";
+constexpr char kUnreadable[] = "it is set, but cannot be read back and so counts as not set";
 constexpr char kSystemRefuses[] = "Windows refuses the change";
 constexpr char kNotSet[] = "the variable is not set";
 

@@ -8,14 +8,27 @@
 namespace TAMO::TEV::System::detail {
 
 using Util::detail::OrEmpty;
-using Util::detail::ToUpper;
 using Util::detail::TrimIfSpaced;
+
+namespace {
+
+// The system does not tell the cases of letters apart; in the C locale bytes are Latin-1.
+std::string Folded(std::string_view name) {
+    std::string folded = Util::detail::ToUpper(name);
+    for (char& c : folded) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0xE0 && byte <= 0xFE && byte != 0xF7) c = static_cast<char>(byte - 0x20);
+    }
+    return folded;
+}
+
+}  // namespace
 
 PlannedSession::PlannedSession(VariableReader readVariable, ReadBack readBack)
     : readVariable_(std::move(readVariable)), readBack_(std::move(readBack)) {}
 
 std::optional<std::string> PlannedSession::Read(const std::string& name) const {
-    const auto changed = changed_.find(ToUpper(TrimIfSpaced(name)));
+    const auto changed = changed_.find(Folded(TrimIfSpaced(name)));
     return changed == changed_.end() ? readVariable_(name) : changed->second;
 }
 
@@ -25,8 +38,9 @@ bool PlannedSession::Set(const std::string& name, const char* value) {
     const auto edit = Util::detail::EditToSet(name, OrEmpty(value));
     // The system itself refuses "=" in a name, but for the per-drive folders.
     if (!edit || edit->name.find('=', 1) != std::string::npos) return false;
-    auto& changed = changed_[ToUpper(edit->name)];
-    changed = edit->text.empty() ? std::nullopt : readBack_(edit->text);
+    // What is set under a name that does not read back, nobody can read.
+    if (const auto variable = readBack_(edit->name))
+        changed_[Folded(*variable)] = edit->text.empty() ? std::nullopt : readBack_(edit->text);
     return true;
 }
 

@@ -10,11 +10,10 @@
 
 namespace TAMO::TEV::System::detail {
 
-// How a value reads once it is set; nothing for one that then reads as not set.
-using ReadBack = std::function<std::optional<std::string>(const std::string& value)>;
+// How a value or a name reads once it is set; nothing for one that cannot be read.
+using ReadBack = std::function<std::optional<std::string>(const std::string& text)>;
 
-// An environment that takes changes and keeps them to itself. Names differ in more than the case of
-// ASCII letters.
+// An environment that takes changes and keeps them to itself.
 class PlannedSession final : public VariableSession {
  public:
     PlannedSession(VariableReader readVariable, ReadBack readBack);

@@ -43,6 +43,7 @@ std::vector<std::string> Utf8Arguments() {
     const std::unique_ptr<LPWSTR, HLOCAL (*)(HLOCAL)> words(
         CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
     std::vector<std::string> arguments;
+    arguments.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) arguments.push_back(FromWide(words.get()[i]));
     return arguments;
 }
@@ -76,7 +77,7 @@ void PrepareOutput() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     constexpr DWORD kColourMode = 4;  // virtual terminal sequences
-    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
     DWORD mode = 0;
     if (GetConsoleMode(output, &mode) == 0) return;
     SetConsoleOutputCP(CP_UTF8);

@@ -42,10 +42,12 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // A line of a file, counted from 1; no file and 0 for what stands in none.
     struct Place {
+        // The path, and the line in it.
         std::string file;
         std::size_t line = 0;
     };
 
+    // What has become of a reference.
     enum class Fate : int {
         Resolved,
         Unresolved,    // nothing has that name: the reference stays as it is
@@ -55,6 +57,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // A reference in a value.
     struct Reference {
+        // The name between the marks, what it came to, and where the value put in comes from.
         std::string name;
         Fate fate = Fate::Resolved;
         Layer layer = Layer::None;
@@ -64,12 +67,14 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // A value, as it was written and as a lookup gives it.
     struct Source {
+        // Where it stands, as it is written there, and what it is in the end.
         Layer layer = Layer::None;
         Place place;
         std::string written;
         std::string value;
     };
 
+    // What a directive comes to.
     enum class Outcome : int {
         Changed,
         Unchanged,  // it is so already
@@ -79,6 +84,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // What an environment directive does to its variable.
     struct DirectiveStep {
+        // The property that is the directive, and what it asks for.
         std::string key;
         Place place;
         std::string kind;  // "add.path"; empty for none
@@ -96,7 +102,9 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // What putting a well-known key right has done to its value.
     enum class Correction : int { None, Rewritten, DefaultTaken };
 
+    // All about a property.
     struct Explanation {
+        // As asked for.
         std::string key;
         // What a lookup answers.
         Source answer;
@@ -122,9 +130,12 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // The same for every key that is in a table, sorted.
     static bool ExplainProperties(std::vector<Explanation>& explanations);
 
+    // A note is worth knowing; a warning asks for a change.
     enum class Severity : int { Note, Warning };
 
+    // Something odd in a file.
     struct Finding {
+        // Where, how bad, and what.
         Place place;
         Severity severity = Severity::Warning;
         std::string id;     // "duplicate-key": for programs
@@ -133,6 +144,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::string message;
     };
 
+    // Which of the two files a file is read as.
     enum class FileRole : int { ByName, System, User };
 
     // What is odd in a properties file, in the order of its lines. ByName takes every file for a
@@ -144,9 +156,12 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // What loading the store would do to the environment, in the order of execution.
     static bool PlanEnvironmentDirectives(std::vector<DirectiveStep>& steps);
 
+    // One of the two tables of the store.
     enum class Table : int { System, User };
 
+    // What the store holds, by key.
     struct Tables {
+        // By key.
         std::map<std::string, std::string> system;
         std::map<std::string, std::string> user;
     };
@@ -156,6 +171,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // An entry that one of two snapshots lacks or that differs.
     struct Change {
+        // The entry, and its values; the one that lacks it has none.
         Table table = Table::User;
         std::string key;
         std::optional<std::string> before;
@@ -180,6 +196,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // replaced. Makes the store.
     static bool SaveUserPropertiesPreserving(std::vector<Change>* changes);
 
+    // What the loader finds under a name.
     enum class ModuleState : int {
         Found,
         System,       // of the system: what it needs in its turn is not looked into
@@ -191,6 +208,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         OtherMachine
     };
 
+    // A function that a module asks for and does not get.
     struct MissingFunction {
         // "#7" when it is asked for by its ordinal.
         std::string name;
@@ -201,6 +219,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // A module, as another one asks for it. Texts are UTF-8.
     struct Module {
+        // As the import table has it.
         std::string name;
         // Empty when it is missing, and for a contract that the system provides without a file.
         std::string file;
@@ -226,11 +245,14 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         Path
     };
 
+    // A folder, and why the loader looks there.
     struct SearchedFolder {
+        // What kind, and where.
         FolderKind kind = FolderKind::Path;
         std::string folder;
     };
 
+    // Why a module does not load.
     enum class LoadProblem : int {
         None,
         EmptyName,
@@ -242,6 +264,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         Unexplained    // the system refuses it, and nothing wrong is seen
     };
 
+    // All about the loading of a module.
     struct LoadExplanation {
         // The name of the module as the loader gets it.
         std::string name;

@@ -42,11 +42,12 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     static bool SetUserProperty(const char* key, const char* value);
 
     // Writes the user table as sorted "key = value" lines over the existing user file. Comments in
-    // the file are lost. False with the file unchanged when no user file exists, the table is empty
-    // or the file cannot be opened. False with THE OLD CONTENT GONE when the write falls short, as
-    // on a full disk, or memory is exhausted once the file was opened: it then holds the first
-    // lines, or none, and its last line may be cut. The table is unharmed, so saving again can mend
-    // the file. A failure that the system reports only on closing is not seen.
+    // the file are lost, which TEVSystemDiagnostics::SaveUserPropertiesPreserving keeps. False with
+    // the file unchanged when no user file exists, the table is empty or the file cannot be opened.
+    // False with THE OLD CONTENT GONE when the write falls short, as on a full disk, or memory is
+    // exhausted once the file was opened: it then holds the first lines, or none, and its last line
+    // may be cut. The table is unharmed, so saving again can mend the file. A failure that the
+    // system reports only on closing is not seen.
     static bool SaveUserProperties();
 
  protected:

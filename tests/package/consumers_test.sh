@@ -34,11 +34,4 @@ block cpp >"$work/readme/host.cpp"
 block cmake >"$work/readme/CMakeLists.txt"
 cmake_program "$work/readme" host.exe 'silent, else at'
 
-for source in "$tree"/examples/*.cpp; do
-    [ -e "$source" ] || continue
-    name=$(basename "$source" .cpp)
-    mkdir -p "$work/examples"
-    cp -rn "$tree/examples/." "$work/examples"
-    command_line_program "$work/examples/$name.exe" "$source"
-    run_program "$work/examples/$name.exe"
-done
+"$root/tests/examples/examples_test.sh" "$tree" "$toolchain"

@@ -24,9 +24,8 @@ class LineNumbers {
     explicit LineNumbers(std::string_view text) : text_(text) {}
 
     std::size_t At(std::size_t position) {
-        const auto from = text_.begin() + static_cast<std::ptrdiff_t>(counted_);
-        const auto to = text_.begin() + static_cast<std::ptrdiff_t>(position);
-        line_ += static_cast<std::size_t>(std::count(from, to, '\n'));
+        const std::string_view passed = text_.substr(counted_, position - counted_);
+        line_ += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
         counted_ = position;
         return line_;
     }
@@ -149,7 +148,7 @@ const std::string* ConfigurationModel::Resolve(const Properties& table, const st
 
 // Tables are expanded one after the other, each in the order of its keys.
 Fate ConfigurationModel::FateOf(const EntryName& from, const EntryName& to,
-                                const std::string& value) const {
+                                const std::string& value) {
     if (from == to) return Fate::ToItself;
     return from < to && HasReference(value) ? Fate::ExpandedLater : Fate::Resolved;
 }

@@ -46,6 +46,7 @@ struct Surroundings {
 };
 
 // What the store would become with these files in these surroundings, and how.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, never deleted by its base.
 class ConfigurationModel final : private LoadWorld {
  public:
     using Diagnostics = TEVSystemDiagnostics;
@@ -80,8 +81,8 @@ class ConfigurationModel final : private LoadWorld {
     void StepFailed() override { throw; }
     // The table that answers for a name before its environment variable is asked.
     std::optional<Diagnostics::Table> TableOf(const std::string& name) const;
-    Diagnostics::Fate FateOf(const EntryName& from, const EntryName& to,
-                             const std::string& value) const;
+    static Diagnostics::Fate FateOf(const EntryName& from, const EntryName& to,
+                                    const std::string& value);
     Diagnostics::DirectiveStep Take(const DirectiveEntry& entry);
 
     SourceFile systemFile_;

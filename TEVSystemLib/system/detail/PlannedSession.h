@@ -14,6 +14,7 @@ namespace TAMO::TEV::System::detail {
 using ReadBack = std::function<std::optional<std::string>(const std::string& text)>;
 
 // An environment that takes changes and keeps them to itself.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, never deleted by its base.
 class PlannedSession final : public VariableSession {
  public:
     PlannedSession(VariableReader readVariable, ReadBack readBack);

@@ -1,6 +1,7 @@
 #include "TEVSystemLib/util/string/detail/Utf8.h"
 
 #include <cstdint>
+#include <type_traits>
 
 #include "TEVSystemLib/util/string/detail/wide/Kernels.h"
 
@@ -30,13 +31,13 @@ Sequence DecodeSequence(std::string_view text) {
     if (lead < 0xC2 || lead > 0xF4 || text.size() < size) return {0, 0};
     for (std::size_t i = 1; i < size; ++i)
         if (!IsContinuation(byte(i))) return {0, 0};
-    if (size == 2) return {(lead & 0x1Fu) << 6 | bits(1), size};
+    if (size == 2) return {(lead & 0x1FU) << 6 | bits(1), size};
     if (size == 3) {
-        const std::uint32_t character = (lead & 0x0Fu) << 12 | bits(1) << 6 | bits(2);
+        const std::uint32_t character = (lead & 0x0FU) << 12 | bits(1) << 6 | bits(2);
         const bool isSurrogate = character >= kHighSurrogates && character < kSurrogatesEnd;
         return {character, character < 0x800 || isSurrogate ? 0 : size};
     }
-    const std::uint32_t character = (lead & 0x07u) << 18 | bits(1) << 12 | bits(2) << 6 | bits(3);
+    const std::uint32_t character = (lead & 0x07U) << 18 | bits(1) << 12 | bits(2) << 6 | bits(3);
     return {character, character < kBeyondOneUnit || character >= kBeyondUnicode ? 0 : size};
 }
 
@@ -52,13 +53,18 @@ Unit* PutUnits(std::uint32_t character, Unit* to) {
     return to;
 }
 
+template <typename Unit>
+std::uint32_t ValueOf(Unit unit) {
+    return static_cast<std::make_unsigned_t<Unit>>(unit);
+}
+
 // The character of one or two units at the front of a text that is not empty.
 template <typename Unit>
 Sequence DecodeUnits(std::basic_string_view<Unit> text) {
-    const auto first = static_cast<std::uint32_t>(text[0]);
+    const auto first = ValueOf(text[0]);
     if (first < kHighSurrogates || first >= kSurrogatesEnd) return {first, 1};
     if (first >= kLowSurrogates || text.size() < 2) return {0, 0};
-    const auto second = static_cast<std::uint32_t>(text[1]);
+    const auto second = ValueOf(text[1]);
     if (second < kLowSurrogates || second >= kSurrogatesEnd) return {0, 0};
     return {kBeyondOneUnit + ((first - kHighSurrogates) << 10) + (second - kLowSurrogates), 2};
 }
@@ -112,7 +118,7 @@ std::size_t Utf16Size(std::string_view text) {
     std::size_t size = 0;
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
-        size += (IsContinuation(byte) ? 0u : 1u) + (byte >= 0xF0 ? 1u : 0u);
+        size += (IsContinuation(byte) ? 0U : 1U) + (byte >= 0xF0 ? 1U : 0U);
     }
     return size;
 }
@@ -121,9 +127,9 @@ template <typename Unit>
 std::size_t Utf8Size(std::basic_string_view<Unit> text) {
     std::size_t size = text.size();
     for (const Unit c : text) {
-        const auto unit = static_cast<std::uint32_t>(c);
+        const auto unit = ValueOf(c);
         const bool isSurrogate = unit >= kHighSurrogates && unit < kSurrogatesEnd;
-        size += (unit >= 0x80 ? 1u : 0u) + (unit >= 0x800 && !isSurrogate ? 1u : 0u);
+        size += (unit >= 0x80 ? 1U : 0U) + (unit >= 0x800 && !isSurrogate ? 1U : 0U);
     }
     return size;
 }

@@ -7,6 +7,7 @@
 // the linkage.
 namespace TAMO::TEV::System::Util::detail::wide {
 
+// NOLINTNEXTLINE(cert-dcl59-cpp): each level has code of its own, see Vectors.h.
 namespace {
 
 // Bytes abc become the 16-bit units bacb, from which two multiplications take the four sextets.

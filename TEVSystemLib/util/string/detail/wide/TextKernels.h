@@ -7,6 +7,7 @@
 // linkage.
 namespace TAMO::TEV::System::Util::detail::wide {
 
+// NOLINTNEXTLINE(cert-dcl59-cpp): each level has code of its own, see Vectors.h.
 namespace {
 
 // The bytes from `first` to `last`, both ASCII, as a mask.
@@ -127,7 +128,7 @@ std::size_t FindByteWide(const char* text, std::size_t count, char byte) {
     return i;
 }
 
-bool IsSame(const char* first, const char* second, std::size_t count) {
+inline bool IsSame(const char* first, const char* second, std::size_t count) {
     return std::memcmp(first, second, count) == 0;
 }
 

@@ -5,6 +5,7 @@
 
 namespace TAMO::TEV::System::Util::detail::wide {
 
+// NOLINTNEXTLINE(cert-dcl59-cpp): each level has code of its own, see Vectors.h.
 namespace {
 
 template <typename V>

@@ -11,6 +11,7 @@
 // higher level is taken for a lower one.
 namespace TAMO::TEV::System::Util::detail::wide {
 
+// NOLINTNEXTLINE(cert-dcl59-cpp): each level has code of its own, see Vectors.h.
 namespace {
 
 // The loads and stores of a narrower register; the operations of the 16 bytes.

@@ -10,12 +10,32 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 namespace tevsys {
 
 namespace {
 
-bool areColoursOn = false;
+// Set when colours are to be shown.
+std::optional<WORD> plainAttributes;
+
+WORD AttributesOf(Colour colour) {
+    constexpr WORD kYellow = FOREGROUND_RED | FOREGROUND_GREEN;
+    constexpr WORD kCyan = FOREGROUND_GREEN | FOREGROUND_BLUE;
+    switch (colour) {
+        case Colour::Key:
+            return kYellow | FOREGROUND_BLUE | FOREGROUND_INTENSITY;
+        case Colour::Good:
+            return FOREGROUND_GREEN | FOREGROUND_INTENSITY;
+        case Colour::Warning:
+            return kYellow | FOREGROUND_INTENSITY;
+        case Colour::Note:
+            return kCyan;
+        case Colour::Plain:
+            break;
+    }
+    return *plainAttributes;
+}
 
 bool IsUtf8(const std::string& text) {
     return text.empty() || MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
@@ -76,22 +96,21 @@ void PrepareOutput() {
     // Lines end with LF only, for scripts.
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
-    constexpr DWORD kColourMode = 4;  // virtual terminal sequences
-    HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
-    DWORD mode = 0;
-    if (GetConsoleMode(output, &mode) == 0) return;
+    CONSOLE_SCREEN_BUFFER_INFO terminal{};
+    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &terminal) == 0) return;
     SetConsoleOutputCP(CP_UTF8);
-    areColoursOn =
-        std::getenv("NO_COLOR") == nullptr && SetConsoleMode(output, mode | kColourMode) != 0;
+    if (std::getenv("NO_COLOR") == nullptr) plainAttributes = terminal.wAttributes;
 }
 
-std::string Painted(Colour colour, std::string_view text) {
-    if (!areColoursOn || colour == Colour::Plain) return std::string(text);
-    const char* code = colour == Colour::Key       ? "1"
-                       : colour == Colour::Good    ? "32"
-                       : colour == Colour::Warning ? "1;33"
-                                                   : "36";
-    return std::string("\x1b[") + code + 'm' + std::string(text) + "\x1b[0m";
+// Not by control sequences: not every console reads them.
+std::ostream& operator<<(std::ostream& out, const Painted& painted) {
+    if (!plainAttributes || &out != &std::cout) return out << painted.text;
+    HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
+    out.flush();
+    SetConsoleTextAttribute(console, AttributesOf(painted.colour));
+    out << painted.text << std::flush;
+    SetConsoleTextAttribute(console, *plainAttributes);
+    return out;
 }
 
 }  // namespace tevsys

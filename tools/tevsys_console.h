@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,7 +26,13 @@ void PrepareOutput();
 
 enum class Colour { Plain, Key, Good, Warning, Note };
 
-// The text in a colour on a terminal that shows colours, else as it is.
-std::string Painted(Colour colour, std::string_view text);
+// A text to be shown on standard output, in its colour on a terminal.
+struct Painted {
+    Painted(Colour textColour, std::string_view coloured) : colour(textColour), text(coloured) {}
+
+    Colour colour;
+    std::string_view text;
+};
+std::ostream& operator<<(std::ostream& out, const Painted& painted);
 
 }  // namespace tevsys

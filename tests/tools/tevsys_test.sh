@@ -155,6 +155,26 @@ prints_line '  a.both = from user'
 prints_line '    before  a;b'
 prints_line '    after   a;b;c'
 
+# colours on a terminal only, and not against NO_COLOR
+on_terminal() {
+    subject='tevsys explain a.both on a terminal' code=0
+    env TERM=xterm "$@" script -qec "$(printf '%q ' "$root/scripts/wine.sh" "$tevsys" explain a.both)" \
+        /dev/null </dev/null >terminal || code=$?
+    # Wine's console hides the cursor around each character.
+    sed 's/\x1b\[?25[lh]//g' terminal >out
+}
+shows_colour() { grep -q $'\x1b\\[[0-9;]*[1-9]m' out; }
+on_terminal
+exits 0
+holds 'shows colours' shows_colour
+on_terminal NO_COLOR=1
+exits 0
+holds 'has a text' grep -q a.both out
+holds 'shows no colours' eval '! shows_colour'
+tevsys explain a.both
+exits 0
+holds 'shows no colours' lacks $'\x1b'
+
 # figures
 figures() {
     tevsys figures "$@"

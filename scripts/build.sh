@@ -87,6 +87,7 @@ test_all() {
         keep_number levels 'Instruction levels'
     verb_sanitize
     verb_coverage
+    verb_seeded
     verb_fuzz 1800
     verb_mutate
     write_numbers

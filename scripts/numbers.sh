@@ -25,7 +25,7 @@ verb_numbers() {
 write_numbers() {
     local page=$root/docs/testing.md name new
     new=$(mktemp)
-    for name in test levels sanitize coverage fuzz mutate; do
+    for name in test levels sanitize coverage seeded fuzz mutate; do
         if [ -e "$numbers/$name" ]; then
             cat "$numbers/$name"
         else

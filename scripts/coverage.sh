@@ -31,7 +31,7 @@ measure_coverage() {
 
 # coverage_trace PRESET GCOV: branches that the compiler makes for a passing exception do not count.
 coverage_trace() {
-    gcovr --root "$root" --filter "$root/TEVSystemLib/" --exclude-throw-branches \
+    gcovr --root "$root" --filter "$root/TEVSystemLib/" --exclude-throw-branches --exclude-unreachable-branches \
         --gcov-executable "$2" --object-directory "$root/build/$1" --json "$coverage/$1.json" \
         "$root/build/$1/TEVSystemLib" >"$coverage/$1.log" 2>&1 ||
         die "the counters of $1 could not be read; see $coverage/$1.log"

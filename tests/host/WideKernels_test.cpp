@@ -116,6 +116,26 @@ TEST_P(WideKernels, MismatchIgnoresTheCaseOfAsciiLettersOnly) {
     }
 }
 
+TEST_P(WideKernels, TextMismatchStopsAtTheTerminatorToo) {
+    for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
+        std::string bytes = AnyBytes();
+        std::string other = bytes;
+        for (char& c : other)
+            if (Below(2) == 0) c = TAMO::TEV::System::Util::detail::ToUpper(c);
+        if (!other.empty() && Below(2) == 0)
+            other[Below(other.size())] ^= static_cast<char>(1 << Below(8));
+        if (Below(4) == 0) other.resize(Below(other.size() + 1));
+        Placed first = Place(bytes);
+        Placed second = Place(other);
+        ASSERT_EQ(Level().textMismatchIgnoringCase(first.data(), second.data()),
+                  kPortable.textMismatchIgnoringCase(first.data(), second.data()))
+            << Show(bytes) << ' ' << Show(other);
+        ASSERT_EQ(Level().textMismatchIgnoringCase(second.data(), first.data()),
+                  kPortable.textMismatchIgnoringCase(second.data(), first.data()))
+            << Show(bytes) << ' ' << Show(other);
+    }
+}
+
 // From one buffer to another, and in place.
 template <typename Map>
 void ExpectSameMapping(const std::string& bytes, char* from, Map level, Map portable) {

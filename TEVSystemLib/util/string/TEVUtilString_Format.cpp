@@ -35,11 +35,10 @@ std::string FormatByStream(T value, Flags flags, std::uint64_t precision = 0) {
 // Streams then write numbers as to_chars does.
 bool IsClassicLocale() { return std::locale() == std::locale::classic(); }
 
-std::string WithSign(bool isPlusShown, const char* first, const char* last) {
-    std::string text;
-    text.reserve(static_cast<std::size_t>(last - first) + 1);
-    if (isPlusShown) text += '+';
-    return text.append(first, last);
+// Puts a plus sign into the place in front of the text.
+std::string WithSign(bool isPlusShown, char* first, const char* last) {
+    if (isPlusShown) *--first = '+';
+    return {first, static_cast<std::size_t>(last - first)};
 }
 
 template <typename T>
@@ -47,7 +46,8 @@ std::string FormatInteger(T value, bool showPlus) {
     const Flags flags = showPlus ? std::ios::showpos : kNoFlags;
     if (!IsClassicLocale()) return FormatByStream(value, flags);
     constexpr std::size_t kMaxCharacters = 20;
-    char text[kMaxCharacters];
+    char buffer[1 + kMaxCharacters];
+    char* const text = buffer + 1;
     const char* end = std::to_chars(text, text + kMaxCharacters, value).ptr;
     const bool hasSign = std::is_signed_v<T> && showPlus && value >= 0;
     return WithSign(hasSign, text, end);
@@ -69,7 +69,8 @@ std::string FormatDouble(double value, Flags flags, std::uint64_t precision) {
     if (precision > kMaxFastPrecision || !std::isfinite(value) || !IsClassicLocale())
         return FormatDoubleByStream(value, flags, precision);
     const bool isScientific = (flags & std::ios::scientific) != 0;
-    char text[kMaxCharacters];
+    char buffer[1 + kMaxCharacters];
+    char* const text = buffer + 1;
     char* end =
         std::to_chars(text, text + kMaxCharacters - 1, value,
                       isScientific ? std::chars_format::scientific : std::chars_format::fixed,

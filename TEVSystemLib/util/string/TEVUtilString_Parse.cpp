@@ -22,11 +22,13 @@ bool ScanInt(std::string_view text, int& value) {
     return sscanf_s(std::string(text).c_str(), "%d", &value) == 1;
 }
 
+// Streams then read numbers as digits, whatever stands between them.
+bool IsClassicLocale() { return std::locale() == std::locale::classic(); }
+
 // KEEP: the stream's verdict is not asked; a bare sign and an overflow count as converted.
 template <typename T>
 bool Extract(std::string_view text, T& value) {
-    const bool isClassic = std::locale() == std::locale::classic();
-    if (isClassic && detail::ReadLeadingInteger(text, value)) return true;
+    if (IsClassicLocale() && detail::ReadLeadingInteger(text, value)) return true;
     std::istringstream stream{std::string(text)};
     // A stream keeps exhausted memory to itself, too, unless asked.
     stream.exceptions(std::ios::badbit);
@@ -40,7 +42,6 @@ bool HasPoint() {
 }
 
 bool ScanReal(std::string_view text, double& value) {
-    if (HasPoint() && detail::ReadReal(text, value)) return true;
     return sscanf_s(std::string(text).c_str(), "%lf", &value) == 1;
 }
 
@@ -57,6 +58,16 @@ bool ParseInteger(const char* text, T& value, detail::Sign sign, Convert convert
         default:
             return convert(prepared, value);
     }
+}
+
+bool ParseInt(const char* text, int& value, detail::Sign sign) {
+    return detail::ReadPlainInteger(text, sign, value) || ParseInteger(text, value, sign, ScanInt);
+}
+
+template <typename T>
+bool Parse64(const char* text, T& value, detail::Sign sign) {
+    return (IsClassicLocale() && detail::ReadPlainInteger(text, sign, value)) ||
+           ParseInteger(text, value, sign, Extract<T>);
 }
 
 }  // namespace
@@ -82,14 +93,14 @@ bool TEVUtilString::ToBool(const char* const text, bool& value) {
 }
 
 bool TEVUtilString::ToInteger(const char* const text, int& value) try {
-    return ParseInteger(text, value, detail::Sign::PlusOrMinus, ScanInt);
+    return ParseInt(text, value, detail::Sign::PlusOrMinus);
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::ToLong(const char* const text, long& value) try {
     int scanned = 0;
-    if (!ParseInteger(text, scanned, detail::Sign::PlusOrMinus, ScanInt)) return false;
+    if (!ParseInt(text, scanned, detail::Sign::PlusOrMinus)) return false;
     value = scanned;
     return true;
 } catch (...) {
@@ -99,7 +110,7 @@ bool TEVUtilString::ToLong(const char* const text, long& value) try {
 bool TEVUtilString::ToUnsignedInt(const char* const text, unsigned int& value) try {
     // KEEP: scanned as a signed number, so nothing above its limit comes out.
     int scanned = -1;
-    if (!ParseInteger(text, scanned, detail::Sign::PlusOnly, ScanInt) || scanned < 0) return false;
+    if (!ParseInt(text, scanned, detail::Sign::PlusOnly) || scanned < 0) return false;
     value = static_cast<unsigned int>(scanned);
     return true;
 } catch (...) {
@@ -107,19 +118,21 @@ bool TEVUtilString::ToUnsignedInt(const char* const text, unsigned int& value) t
 }
 
 bool TEVUtilString::ToInt64(const char* const text, std::int64_t& value) try {
-    return ParseInteger(text, value, detail::Sign::PlusOrMinus, Extract<std::int64_t>);
+    return Parse64(text, value, detail::Sign::PlusOrMinus);
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::ToUInt64(const char* const text, std::uint64_t& value) try {
-    return ParseInteger(text, value, detail::Sign::PlusOnly, Extract<std::uint64_t>);
+    return Parse64(text, value, detail::Sign::PlusOnly);
 } catch (...) {
     return false;
 }
 
 bool TEVUtilString::ToDouble(const char* const text, double& value) try {
     const std::string_view prepared = Prepared(text);
+    // What reads as a number from end to end may be one, too.
+    if (HasPoint() && detail::ReadReal(prepared, value)) return true;
     // KEEP: an overflow is refused with infinity already in the output.
     return detail::MayBeReal(prepared) && ScanReal(prepared, value) && !std::isinf(value);
 } catch (...) {

@@ -37,9 +37,8 @@ int TEVUtilString::Compare(const char* const first, const char* const second) {
 int TEVUtilString::Compare(bool ignoreCase, const char* const first, const char* const second) {
     if (first == nullptr || second == nullptr)
         return static_cast<int>(first != nullptr) - static_cast<int>(second != nullptr);
-    const std::string_view a = detail::ViewOf(first);
-    const std::string_view b = detail::ViewOf(second);
-    return ignoreCase ? detail::CompareIgnoringCase(a, b) : detail::Compare(a, b);
+    return ignoreCase ? detail::CompareIgnoringCase(first, second)
+                      : detail::Compare(detail::ViewOf(first), detail::ViewOf(second));
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): by value is the interface.

@@ -31,17 +31,32 @@ int Compare(std::string_view first, std::string_view second) {
     return (order > 0) - (order < 0);
 }
 
+namespace {
+
+int CompareBytes(char first, char second) {
+    const auto a = static_cast<unsigned char>(ToLower(first));
+    const auto b = static_cast<unsigned char>(ToLower(second));
+    return (a > b) - (a < b);
+}
+
+}  // namespace
+
 int CompareIgnoringCase(std::string_view first, std::string_view second) {
     const std::size_t shared = std::min(first.size(), second.size());
     const std::size_t at = wide::Best().mismatchIgnoringCase(first.data(), second.data(), shared);
     if (at == shared) return (first.size() > second.size()) - (first.size() < second.size());
-    const auto a = static_cast<unsigned char>(ToLower(first[at]));
-    const auto b = static_cast<unsigned char>(ToLower(second[at]));
-    return a < b ? -1 : 1;
+    return CompareBytes(first[at], second[at]);
+}
+
+int CompareIgnoringCase(const char* first, const char* second) {
+    const std::size_t at = wide::Best().textMismatchIgnoringCase(first, second);
+    return CompareBytes(first[at], second[at]);
 }
 
 bool EqualsIgnoringCase(std::string_view first, std::string_view second) {
-    return first.size() == second.size() && CompareIgnoringCase(first, second) == 0;
+    return first.size() == second.size() &&
+           wide::Best().mismatchIgnoringCase(first.data(), second.data(), first.size()) ==
+               first.size();
 }
 
 std::size_t Find(std::string_view text, std::string_view pattern) {

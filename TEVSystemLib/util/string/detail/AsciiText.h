@@ -21,6 +21,7 @@ void ToUpper(std::string_view text, char* to);
 // -1, 0 or 1: unsigned bytes, then length.
 int Compare(std::string_view first, std::string_view second);
 int CompareIgnoringCase(std::string_view first, std::string_view second);
+int CompareIgnoringCase(const char* first, const char* second);
 bool EqualsIgnoringCase(std::string_view first, std::string_view second);
 
 // Without the blanks at the ends asked for. A text of blanks leaves nothing when an end is

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <type_traits>
 
 namespace TAMO::TEV::System::Util::detail {
 
@@ -79,6 +81,32 @@ bool MayBeReal(std::string_view text) {
     return !scan.exponents.IsAt(0) &&
            !(scan.exponents.IsAt(1) && (scan.points.IsAt(0) || scan.signs.IsAt(0)));
 }
+
+template <typename T>
+bool ReadPlainInteger(const char* text, Sign sign, T& value) {
+    if (text == nullptr) return false;
+    const bool isNegative = *text == '-';
+    if (isNegative && sign == Sign::PlusOnly) return false;
+    if (isNegative || *text == '+') ++text;
+    std::make_unsigned_t<T> number = 0;
+    const char* at = text;
+    for (; IsDigit(*at); ++at)
+        number = number * 10 + static_cast<std::make_unsigned_t<T>>(*at - '0');
+    const auto digits = at - text;
+    if (digits == 0 || digits > std::numeric_limits<T>::digits10) return false;
+    if (*at == '.') {
+        do {
+            ++at;
+        } while (IsDigit(*at));
+    }
+    if (*at != '\0') return false;
+    value = static_cast<T>(isNegative ? 0 - number : number);
+    return true;
+}
+
+template bool ReadPlainInteger(const char* text, Sign sign, int& value);
+template bool ReadPlainInteger(const char* text, Sign sign, std::int64_t& value);
+template bool ReadPlainInteger(const char* text, Sign sign, std::uint64_t& value);
 
 template <typename T>
 bool ReadLeadingInteger(std::string_view text, T& value) {

@@ -21,6 +21,11 @@ IntegerText ClassifyInteger(std::string_view text, Sign sign);
 // such text converts.
 bool MayBeReal(std::string_view text);
 
+// The number of a plain text: perhaps a sign, digits that surely fit, perhaps a point and digits
+// behind it, the terminator. False, with nothing stored, for any other, such as null.
+template <typename T>
+bool ReadPlainInteger(const char* text, Sign sign, T& value);
+
 // The number that a text of IntegerText::Digits begins with, up to its point. False, with nothing
 // stored, when it has no digit there or does not fit.
 template <typename T>

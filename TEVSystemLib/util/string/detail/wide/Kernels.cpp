@@ -60,9 +60,19 @@ Levels RunnableLevels() {
     return {kLevels, runnable < kHighest ? runnable : kHighest};
 }
 
-const Kernels& Best() {
-    static const Kernels* const best = kLevels[RunnableLevels().count - 1];
-    return *best;
-}
+const Kernels* best = &kPortable;
+
+namespace {
+
+// Chooses while the module is loaded, so that no call has to ask.
+struct Choice {
+    Choice() noexcept {
+        const Levels levels = RunnableLevels();
+        best = levels.first[levels.count - 1];
+    }
+};
+const Choice choice;
+
+}  // namespace
 
 }  // namespace TAMO::TEV::System::Util::detail::wide

@@ -24,6 +24,9 @@ struct Kernels {
     // `count`.
     std::size_t (*mismatchIgnoringCase)(const char* first, const char* second, std::size_t count);
 
+    // The same of two texts, or the place of their terminators. Reads as `length` does.
+    std::size_t (*textMismatchIgnoringCase)(const char* first, const char* second);
+
     // From one buffer to another or in place; the buffers overlap wholly or not at all.
     void (*toLower)(const char* from, std::size_t count, char* to);
     void (*toUpper)(const char* from, std::size_t count, char* to);
@@ -49,8 +52,10 @@ struct Levels {
 };
 Levels RunnableLevels();
 
-// The last of them; chosen once.
-const Kernels& Best();
+// The last of them, once the module is loaded; while statics are still being made, perhaps the
+// portable one.
+extern const Kernels* best;
+inline const Kernels& Best() { return *best; }
 
 // What a level's source defines.
 extern const Kernels kPortable;

@@ -25,6 +25,12 @@ std::size_t MismatchIgnoringCase(const char* first, const char* second, std::siz
     return i;
 }
 
+std::size_t TextMismatchIgnoringCase(const char* first, const char* second) {
+    std::size_t i = 0;
+    while (first[i] != '\0' && detail::ToLower(first[i]) == detail::ToLower(second[i])) ++i;
+    return i;
+}
+
 template <char (*map)(char)>
 void MapAll(const char* from, std::size_t count, char* to) {
     for (std::size_t i = 0; i < count; ++i) to[i] = map(from[i]);
@@ -66,9 +72,11 @@ std::size_t NarrowAscii(const char16_t* from, std::size_t count, char* to) {
 }  // namespace
 
 const Kernels kPortable = {
-    "portable",    std::strlen,   FindByte,    Find,       MismatchIgnoringCase,
-    MapAll<Lower>, MapAll<Upper>, ReplaceByte, EncodeNone, DecodeNone,
-    SwapBytes,     WidenAscii,    NarrowAscii,
+    "portable",    std::strlen,          FindByte,
+    Find,          MismatchIgnoringCase, TextMismatchIgnoringCase,
+    MapAll<Lower>, MapAll<Upper>,        ReplaceByte,
+    EncodeNone,    DecodeNone,           SwapBytes,
+    WidenAscii,    NarrowAscii,
 };
 
 }  // namespace TAMO::TEV::System::Util::detail::wide

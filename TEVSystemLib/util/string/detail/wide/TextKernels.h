@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/wide/Kernels.h"
 #include "TEVSystemLib/util/string/detail/wide/Vectors.h"
 
@@ -50,15 +51,6 @@ struct Replaced {
     }
 };
 
-// Fewer bytes than the smallest register has.
-template <typename Map>
-void MapShort(const char* from, std::size_t count, char* to, Map map) {
-    char bytes[Bytes8::kSize] = {};
-    for (std::size_t i = 0; i < count; ++i) bytes[i] = from[i];
-    Bytes8::Store(bytes, map(Bytes8(), Bytes8::Load(bytes)));
-    for (std::size_t i = 0; i < count; ++i) to[i] = bytes[i];
-}
-
 // The last register overlaps the one before it; it is read first, so that this serves in place.
 template <typename V, typename Map>
 void MapRegisters(const char* from, std::size_t count, char* to, Map map) {
@@ -71,10 +63,7 @@ void MapRegisters(const char* from, std::size_t count, char* to, Map map) {
 template <typename V, typename Map>
 void MapBytes(const char* from, std::size_t count, char* to, Map map) {
     if (count >= V::kSize) return MapRegisters<V>(from, count, to, map);
-    if constexpr (V::kSize > Bytes8::kSize)
-        MapBytes<typename V::Half>(from, count, to, map);
-    else
-        MapShort(from, count, to, map);
+    if constexpr (V::kSize > 1) MapBytes<typename V::Half>(from, count, to, map);
 }
 
 template <typename V>
@@ -114,18 +103,31 @@ std::size_t LengthWide(const char* text) {
 }
 #endif
 
+// The first of `count` places that `hits` finds, or `count`: hits(V(), at) gives a mask whose
+// lowest bit is the first hit in the register at that place. The last register overlaps the one
+// before it.
+template <typename V, typename Hits>
+std::size_t FirstHit(std::size_t count, Hits hits) {
+    if (count < V::kSize) {
+        if constexpr (V::kSize > 1)
+            return FirstHit<typename V::Half>(count, hits);
+        else
+            return 0;
+    }
+    const std::size_t last = count - V::kSize;
+    for (std::size_t at = 0; at < last; at += V::kSize) {
+        if (const auto found = hits(V(), at); found != 0) return at + LowestBit(found);
+    }
+    const auto found = hits(V(), last);
+    return found != 0 ? last + LowestBit(found) : count;
+}
+
 template <typename V>
 std::size_t FindByteWide(const char* text, std::size_t count, char byte) {
-    const auto wanted = V::Splat(byte);
-    std::size_t i = 0;
-    for (; i + V::kSize <= count; i += V::kSize) {
-        const auto found = V::MaskOf(V::Equal(V::Load(text + i), wanted));
-        if (found != 0) return i + LowestBit(found);
-    }
-    if constexpr (V::kSize > Bytes8::kSize)
-        return i + FindByteWide<typename V::Half>(text + i, count - i, byte);
-    while (i < count && text[i] != byte) ++i;
-    return i;
+    return FirstHit<V>(count, [=](auto v, std::size_t at) {
+        using W = decltype(v);
+        return W::MaskOf(W::Equal(W::Load(text + at), W::Splat(byte)));
+    });
 }
 
 inline bool IsSame(const char* first, const char* second, std::size_t count) {
@@ -139,49 +141,67 @@ std::size_t FindWide(const char* text, std::size_t count, const char* pattern,
     if (patternCount == 1) return FindByteWide<V>(text, count, *pattern);
     if (patternCount > count) return count;
     const std::size_t starts = count - patternCount + 1;
-    const auto first = V::Splat(pattern[0]);
-    const auto last = V::Splat(pattern[patternCount - 1]);
-    std::size_t i = 0;
-    for (; i + V::kSize <= starts; i += V::kSize) {
-        auto candidates = V::MaskOf(V::And(V::Equal(V::Load(text + i), first),
-                                           V::Equal(V::Load(text + i + patternCount - 1), last)));
-        for (; candidates != 0; candidates &= candidates - 1) {
-            const std::size_t at = i + LowestBit(candidates);
-            if (IsSame(text + at, pattern, patternCount)) return at;
-        }
-    }
-    if constexpr (V::kSize > Bytes8::kSize) {
-        const std::size_t found =
-            FindWide<typename V::Half>(text + i, count - i, pattern, patternCount);
-        return i + found;
-    }
-    for (; i < starts; ++i) {
-        if (text[i] == pattern[0] && IsSame(text + i, pattern, patternCount)) return i;
-    }
-    return count;
+    const char* const ends = text + patternCount - 1;
+    const std::size_t found = FirstHit<V>(starts, [=](auto v, std::size_t at) {
+        using W = decltype(v);
+        const auto first = W::Equal(W::Load(text + at), W::Splat(pattern[0]));
+        const auto last = W::Equal(W::Load(ends + at), W::Splat(pattern[patternCount - 1]));
+        auto candidates = W::MaskOf(W::And(first, last));
+        while (candidates != 0 && !IsSame(text + at + LowestBit(candidates), pattern, patternCount))
+            candidates &= candidates - 1;
+        return candidates;
+    });
+    return found == starts ? count : found;
+}
+
+// The bytes that are the same but for the case of a letter.
+template <typename V>
+typename V::Bits SameIgnoringCase(typename V::Bits first, typename V::Bits second) {
+    constexpr Lower kLower;
+    return V::Equal(kLower(V(), first), kLower(V(), second));
 }
 
 template <typename V>
 std::size_t MismatchWide(const char* first, const char* second, std::size_t count) {
-    constexpr Lower kLower;
-    std::size_t i = 0;
-    for (; i + V::kSize <= count; i += V::kSize) {
-        const auto same =
-            V::MaskOf(V::Equal(kLower(V(), V::Load(first + i)), kLower(V(), V::Load(second + i))));
-        if (same != V::kFull) return i + LowestBit(~same);
-    }
-    if constexpr (V::kSize > Bytes8::kSize)
-        return i + MismatchWide<typename V::Half>(first + i, second + i, count - i);
-    if (i == count) return count;
-    char firstRest[Bytes8::kSize] = {};
-    char secondRest[Bytes8::kSize] = {};
-    for (std::size_t k = 0; i + k < count; ++k) {
-        firstRest[k] = first[i + k];
-        secondRest[k] = second[i + k];
-    }
-    const std::size_t found = MismatchWide<Bytes8>(firstRest, secondRest, Bytes8::kSize);
-    return i + found < count ? i + found : count;
+    return FirstHit<V>(count, [=](auto v, std::size_t at) {
+        using W = decltype(v);
+        return W::kFull &
+               ~W::MaskOf(SameIgnoringCase<W>(W::Load(first + at), W::Load(second + at)));
+    });
 }
+
+#ifdef TEV_ADDRESS_SANITIZER
+template <typename V>
+std::size_t TextMismatchWide(const char* first, const char* second) {
+    return kPortable.textMismatchIgnoringCase(first, second);
+}
+#else
+// Reads behind the terminators, but never another page.
+template <typename V>
+bool EndsPage(const char* text) {
+    constexpr std::uintptr_t kPage = 4096;
+    return reinterpret_cast<std::uintptr_t>(text) % kPage > kPage - V::kSize;
+}
+
+template <typename V>
+std::size_t TextMismatchWide(const char* first, const char* second) {
+    for (std::size_t at = 0;;) {
+        if (EndsPage<V>(first + at) || EndsPage<V>(second + at)) {
+            const std::size_t end = at + V::kSize;
+            for (; at < end; ++at) {
+                if (first[at] == '\0' || detail::ToLower(first[at]) != detail::ToLower(second[at]))
+                    return at;
+            }
+            continue;
+        }
+        const auto bytes = V::Load(first + at);
+        const auto same = V::MaskOf(SameIgnoringCase<V>(bytes, V::Load(second + at)));
+        const auto ends = V::MaskOf(V::Equal(bytes, V::Splat(0)));
+        if (const auto found = (V::kFull & ~same) | ends; found != 0) return at + LowestBit(found);
+        at += V::kSize;
+    }
+}
+#endif
 
 }  // namespace
 

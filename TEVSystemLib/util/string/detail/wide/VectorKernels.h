@@ -15,6 +15,7 @@ constexpr Kernels KernelsOf(const char* level) {
             FindByteWide<V>,
             FindWide<V>,
             MismatchWide<V>,
+            TextMismatchWide<V>,
             ToLowerWide<V>,
             ToUpperWide<V>,
             ReplaceByteWide<V>,

@@ -14,20 +14,23 @@ namespace TAMO::TEV::System::Util::detail::wide {
 // NOLINTNEXTLINE(cert-dcl59-cpp): each level has code of its own, see Vectors.h.
 namespace {
 
-// The loads and stores of a narrower register; the operations of the 16 bytes.
-template <std::size_t size>
+// As many bytes as a number has, in a register of 16.
+template <typename Number>
 struct Narrow {
-    static constexpr std::size_t kSize = size;
+    static constexpr std::size_t kSize = sizeof(Number);
     using Bits = __m128i;
     using Mask = std::uint32_t;
-    static constexpr Mask kFull = static_cast<Mask>((std::uint64_t{1} << size) - 1);
+    static constexpr Mask kFull = (Mask{1} << kSize) - 1;
 
     static Bits Load(const void* from) {
-        Bits bits = _mm_setzero_si128();
-        std::memcpy(&bits, from, size);
-        return bits;
+        Number number;
+        std::memcpy(&number, from, kSize);
+        return _mm_cvtsi64_si128(static_cast<long long>(number));
     }
-    static void Store(void* to, Bits bits) { std::memcpy(to, &bits, size); }
+    static void Store(void* to, Bits bits) {
+        const auto number = static_cast<Number>(_mm_cvtsi128_si64(bits));
+        std::memcpy(to, &number, kSize);
+    }
 
     static Bits Splat(char byte) { return _mm_set1_epi8(byte); }
     static Bits And(Bits a, Bits b) { return _mm_and_si128(a, b); }
@@ -39,11 +42,25 @@ struct Narrow {
     static Mask MaskOf(Bits bits) { return static_cast<Mask>(_mm_movemask_epi8(bits)) & kFull; }
 };
 
-using Bytes8 = Narrow<8>;
+using Bytes1 = Narrow<std::uint8_t>;
+struct Bytes2 : Narrow<std::uint16_t> {
+    using Half = Bytes1;
+};
+struct Bytes4 : Narrow<std::uint32_t> {
+    using Half = Bytes2;
+};
+struct Bytes8 : Narrow<std::uint64_t> {
+    using Half = Bytes4;
+};
 
-struct Bytes16 : Narrow<16> {
+struct Bytes16 : Bytes8 {
     using Half = Bytes8;
+    static constexpr std::size_t kSize = 16;
+    static constexpr Mask kFull = 0xFFFF;
 
+    static Bits Load(const void* from) { return _mm_loadu_si128(static_cast<const Bits*>(from)); }
+    static void Store(void* to, Bits bits) { _mm_storeu_si128(static_cast<Bits*>(to), bits); }
+    static Mask MaskOf(Bits bits) { return static_cast<Mask>(_mm_movemask_epi8(bits)); }
     static Bits LoadAligned(const void* from) {
         return _mm_load_si128(static_cast<const Bits*>(from));
     }

@@ -1,5 +1,6 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 
+#include "TEVSystemLib/system/detail/KeyText.h"
 #include "TEVSystemLib/system/detail/StoreTables.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
@@ -14,6 +15,7 @@ struct Store : TEVSystemProperties {
 
     // Keys of the user properties set since they were loaded or saved faithfully.
     std::set<std::string> unsaved;
+    detail::KeyRoom keyRoom;
 };
 
 // Destroyed at process exit or when the DLL is unloaded.
@@ -83,8 +85,9 @@ void TEVSystemProperties::InitializeProperties() try {
 
 bool TEVSystemProperties::GetProperty(const char* key, const char*& value) try {
     value = nullptr;
-    const std::string name(Util::detail::OrEmpty(key));
-    const std::string* found = detail::Lookup(Created().Tables(), name);
+    Store& made = Created();
+    const detail::KeyText name(Util::detail::OrEmpty(key), made.keyRoom);
+    const std::string* found = detail::Lookup(made.Tables(), name.Get());
     if (found == nullptr) return false;
     value = found->c_str();
     return true;

@@ -83,13 +83,13 @@ TEST(CharsetFaults, FromTheAnsiCodePageIsFalseWithNull) {
         const auto refuses = Answer(calls::MultiByteToWideChar, answers);
         wchar_t stale[] = L"stale";
         wchar_t* text = stale;
-        EXPECT_FALSE(TEVUtilWindows::FromMultibyteCharToBSTR("text", &text));
+        EXPECT_FALSE(TEVUtilWindows::FromMultibyteCharToBSTR("t\xE9xt", &text));
         EXPECT_EQ(text, nullptr);
     }
 }
 
 TEST(CharsetFaults, ToTheAnsiCodePageIsFalseWithNull) {
-    const Bstr wide(L"text");
+    const Bstr wide(L"t\x00E9xt");
     for (const Answers& answers : kRefusals) {
         SCOPED_TRACE(answers.what);
         const auto refuses = Answer(calls::WideCharToMultiByte, answers);
@@ -107,12 +107,12 @@ TEST(CharsetFaults, TrueAnswersConvert) {
         SCOPED_TRACE(truth.what);
         const auto widens = Answer(calls::MultiByteToWideChar, truth);
         Bstr wide;
-        EXPECT_TRUE(TEVUtilWindows::FromMultibyteCharToBSTR("text", wide.Out()));
-        EXPECT_EQ(wide.str(), L"text");
+        EXPECT_TRUE(TEVUtilWindows::FromMultibyteCharToBSTR("t\xE9xt", wide.Out()));
+        EXPECT_EQ(wide.str(), L"t\x00E9xt");
         const auto narrows = Answer(calls::WideCharToMultiByte, truth);
         Text narrow;
         EXPECT_TRUE(TEVUtilWindows::FromBSTRToMultibyteChar(wide.get(), narrow.Out()));
-        EXPECT_EQ(narrow.str(), "text");
+        EXPECT_EQ(narrow.str(), "t\xE9xt");
     }
 }
 

@@ -29,14 +29,15 @@ using Table = std::map<std::string, std::string>;
 
 SafeArray Texts() {
     SafeArray array(VT_BSTR, {{3, 0}});
-    for (const LONG i : {0, 1, 2}) EXPECT_TRUE(PutText(array.get(), {i}, L"text"));
+    for (const LONG i : {0, 1, 2}) EXPECT_TRUE(PutText(array.get(), {i}, L"t\x00E9xt"));
     return array;
 }
 
-// Keys in the first column, as the reader looks for them.
+// Keys in the first column, as the reader looks for them; more than ASCII, so that the system
+// converts them.
 SafeArray KeysAndValues() {
     SafeArray array(VT_BSTR, {{2, 0}, {3, 0}});
-    const wchar_t* const rows[][2] = {{L"a", L"1"}, {L"b", L"2"}, {L"c", L"3"}};
+    const wchar_t* const rows[][2] = {{L"\xE4", L"\xB9"}, {L"\xF6", L"\xB2"}, {L"\xFC", L"\xB3"}};
     for (LONG i = 0; i < 3; ++i) {
         EXPECT_TRUE(PutText(array.get(), {0, i}, rows[i][0]));
         EXPECT_TRUE(PutText(array.get(), {1, i}, rows[i][1]));
@@ -62,7 +63,7 @@ TEST(ExtractStringArrayFaults, RefusedLockKeepsTheCount_Kept) {
     EXPECT_EQ(unlocks.Made(), 0);
 }
 
-// Each element takes two calls.
+// Each element takes two calls, since it is more than ASCII.
 TEST(ExtractStringArrayFaults, ElementThatDoesNotConvertKeepsTheCount_Kept) {
     Variant variant(VT_ARRAY | VT_BSTR, Texts());
     for (int n = 0; n < 6; ++n) {
@@ -93,7 +94,7 @@ Table Extract(const VARIANT* variant) {
     return table;
 }
 
-const Table kAll{{"a", "1"}, {"b", "2"}, {"c", "3"}};
+const Table kAll{{"\xE4", "\xB9"}, {"\xF6", "\xB2"}, {"\xFC", "\xB3"}};
 const Table kNone{{"(none)", ""}};
 
 Table Without(const std::string& key) {
@@ -104,7 +105,7 @@ Table Without(const std::string& key) {
 
 TEST(ExtractKeyValueFaults, KeyThatIsNotReadIsPassedOver) {
     Variant variant(VT_ARRAY | VT_BSTR, KeysAndValues());
-    const std::pair<int, const char*> keys[] = {{0, "a"}, {2, "b"}, {4, "c"}};
+    const std::pair<int, const char*> keys[] = {{0, "\xE4"}, {2, "\xF6"}, {4, "\xFC"}};
     for (const auto& [n, key] : keys) {
         const auto fails = FailNth(n, calls::SafeArrayGetElement, E_OUTOFMEMORY);
         EXPECT_EQ(Extract(variant.get()), Without(key));

@@ -43,9 +43,10 @@ void ExpectNoUse(std::ptrdiff_t n) {
     IsRefused(n, [] { Store::InitializeProperties(); });
 }
 
-// The object and its two tables; what fails later is a step of the loading, which is skipped.
+// The object, its two tables and its room for keys; what fails later is a step of the loading,
+// which is skipped.
 void CreateStore() {
-    constexpr std::ptrdiff_t kAllocations = 3;
+    constexpr std::ptrdiff_t kAllocations = 4;
     for (std::ptrdiff_t n = 0; n < kAllocations; ++n) {
         SCOPED_TRACE(testing::Message() << "allocation " << n << " of the creation fails");
         const std::ptrdiff_t live = Now().live;

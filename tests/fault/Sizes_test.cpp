@@ -88,13 +88,20 @@ TEST(Attempts, NoneForTrimmingInPlaceSearchingAndComparing) {
               0);
 }
 
-TEST(Attempts, ALookupAllocatesForTheTextOfItsKeyOnly) {
-    const std::string longKey(40, 'k');
-    ASSERT_TRUE(TEVSystemProperties::SetUserProperty("short", "value"));
-    ASSERT_TRUE(TEVSystemProperties::SetUserProperty(longKey.c_str(), "value"));
-    const char* value = nullptr;
-    EXPECT_EQ(Attempts([&value] { TEVSystemProperties::GetProperty("short", value); }), 0);
-    EXPECT_EQ(Attempts([&] { TEVSystemProperties::GetProperty(longKey.c_str(), value); }), 1);
+TEST(Attempts, ALookupAllocatesForTheTextOfALongKeyOnly) {
+    const struct {
+        std::size_t length;
+        std::ptrdiff_t attempts;
+    } rows[] = {{1, 0}, {15, 0}, {16, 0}, {127, 0}, {128, 1}, {1000, 1}};
+    for (const auto& row : rows) {
+        const std::string key(row.length, 'k');
+        ASSERT_TRUE(TEVSystemProperties::SetUserProperty(key.c_str(), "value"));
+        const char* value = nullptr;
+        EXPECT_EQ(Attempts([&] { TEVSystemProperties::GetProperty(key.c_str(), value); }),
+                  row.attempts)
+            << row.length;
+        EXPECT_STREQ(value, "value");
+    }
     TEVSystemProperties::InitializeProperties();
 }
 

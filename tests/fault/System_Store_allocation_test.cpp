@@ -18,7 +18,10 @@ using tev::test::StoreFolders;
 using tev::test::Table;
 using tev::test::Variable;
 
-constexpr const char* kKey = "a.key.longer.than.what.a.string.keeps";
+// Longer than the store's room for keys.
+constexpr const char* kKey =
+    "a.key.longer.than.what.the.store.has.room.for............................................"
+    "................................................";
 constexpr const char* kValue = "a value that is longer than what a string keeps in itself";
 constexpr const char* kVariable = "TEV_FAULT_VARIABLE_OF_THE_STORE";
 

@@ -27,8 +27,8 @@ using tev::test::TextArray;
 using tev::test::TextAt;
 using tev::test::Variant;
 
-constexpr const wchar_t* kWide = L"a text that is longer than what a string keeps in itself";
-constexpr const char* kNarrow = "a text that is longer than what a string keeps in itself";
+constexpr const wchar_t* kWide = L"\xE4, a text that is longer than what a string keeps in itself";
+constexpr const char* kNarrow = "\xE4, a text that is longer than what a string keeps in itself";
 constexpr const char* kGuidText = "{01234567-89AB-4DEF-8EDC-BA9876543210}";
 constexpr const wchar_t* kWideGuidText = L"{01234567-89AB-4DEF-8EDC-BA9876543210}";
 const GUID kGuid = {0x01234567, 0x89ab, 0x4def, {0x8e, 0xdc, 0xba, 0x98, 0x76, 0x54, 0x32, 0x10}};

@@ -1,9 +1,11 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <string_view>
 
@@ -15,6 +17,18 @@ namespace TAMO::TEV::System::Util {
 namespace {
 
 std::string_view Prepared(const char* text) { return detail::TrimIfSpaced(detail::OrEmpty(text)); }
+
+bool Reads(std::string_view text, std::string_view lowerCaseWord) {
+    const auto isSame = [](char a, char b) { return detail::ToLower(a) == b; };
+    return text.size() == lowerCaseWord.size() &&
+           std::equal(text.begin(), text.end(), lowerCaseWord.begin(), isSame);
+}
+
+std::optional<bool> ReadBool(std::string_view word) {
+    if (Reads(word, "true")) return true;
+    if (Reads(word, "false")) return false;
+    return std::nullopt;
+}
 
 // KEEP: values outside 32 bits are the C runtime's affair, and a fraction ends the scan.
 bool ScanInt(std::string_view text, int& value) {
@@ -85,10 +99,9 @@ bool TEVUtilString::IsValidUnsignedInteger(bool& isZero, const std::string& text
 }
 
 bool TEVUtilString::ToBool(const char* const text, bool& value) {
-    const std::string_view word = Prepared(text);
-    const bool isTrue = detail::EqualsIgnoringCase(word, "true");
-    if (!isTrue && !detail::EqualsIgnoringCase(word, "false")) return false;
-    value = isTrue;
+    const auto found = ReadBool(Prepared(text));
+    if (!found) return false;
+    value = *found;
     return true;
 }
 

@@ -21,9 +21,9 @@ std::string Fixed(double value) {
     return TEVUtilString::ToString(std::fabs(value), false, kDecimals);
 }
 
-// The magnitude rounded to so many figures; empty when it cannot be.
-std::string Rounded(double value, int figures, bool scientific) {
-    const auto rounded = detail::RoundToFigures(Fixed(value), figures);
+// A magnitude rounded to so many figures; empty when it cannot be.
+std::string Rounded(const std::string& fixed, int figures, bool scientific) {
+    const auto rounded = detail::RoundToFigures(fixed, figures);
     if (!rounded) return {};
     return scientific ? detail::InExponentForm(*rounded, figures) : *rounded;
 }
@@ -31,12 +31,13 @@ std::string Rounded(double value, int figures, bool scientific) {
 // Both texts before they are tidied; empty when they cannot be made.
 std::string ValueText(double value, double uncertainty, const std::string& uncertaintyExponent,
                       bool scientific) {
-    const auto analysed = detail::AnalyseFigures(Fixed(value));
+    const std::string fixed = Fixed(value);
+    const auto analysed = detail::AnalyseFigures(fixed);
     const auto exponent = detail::ExponentOf(uncertaintyExponent);
     if (!analysed || !exponent) return {};
     const int figures =
         detail::FiguresWorthShowing(std::fabs(value), *analysed, uncertainty, *exponent);
-    const std::string rounded = Rounded(value, figures, scientific);
+    const std::string rounded = Rounded(fixed, figures, scientific);
     if (rounded.empty()) return {};
     return detail::WithoutIdlePoint(value > 0 ? rounded : "-" + rounded);
 }
@@ -69,7 +70,7 @@ bool TEVUtilString::RoundToSignificantFigures(bool scientific, char** out, doubl
                                               int* last, int* point, int figures) {
     *out = nullptr;
     *first = *last = *point = -1;
-    const std::string rounded = Rounded(value, figures, scientific);
+    const std::string rounded = Rounded(Fixed(value), figures, scientific);
     const std::string_view mantissa = std::string_view(rounded).substr(0, rounded.find('e'));
     const auto analysed = detail::AnalyseFigures(mantissa);
     if (!analysed) return false;
@@ -84,14 +85,15 @@ bool TEVUtilString::SignificantFigures(double value, double uncertainty, char** 
     if (valueText != nullptr) *valueText = nullptr;
     if (uncertaintyText != nullptr) *uncertaintyText = nullptr;
     if (!(uncertainty > 0) || valueText == nullptr || uncertaintyText == nullptr) return false;
-    const std::string exponentForm = Rounded(uncertainty, 1, true);
+    const std::string fixed = Fixed(uncertainty);
+    const std::string exponentForm = Rounded(fixed, 1, true);
     if (exponentForm.empty()) return false;
     // KEEP: a value of 0 keeps its point in either form; its texts are promised.
     const std::string zero = scientific ? "0.e+00" : "0.0";
     const std::string shown =
         value == 0 ? zero : ValueText(value, uncertainty, exponentForm, scientific);
     const std::string beside =
-        detail::WithoutIdlePoint(scientific ? exponentForm : Rounded(uncertainty, 1, false));
+        detail::WithoutIdlePoint(scientific ? exponentForm : Rounded(fixed, 1, false));
     if (shown.empty() || beside.empty()) return false;
     detail::OwnedText first = detail::MakeText(Localised(shown));
     detail::HandOut(Localised(beside), uncertaintyText);

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <cwchar>
 #include <map>
+#include <string_view>
+#include <utility>
 
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/Errors.h"
@@ -28,12 +30,19 @@ std::string Trimmed(const char* text) {
     return std::string(detail::TrimIfSpaced(detail::OrEmpty(text)));
 }
 
-std::map<std::string, std::string> Variables(const wchar_t* block) {
-    std::map<std::string, std::string> variables;
+// An entry of the block; the rest points into the text.
+struct Variable {
+    detail::OwnedText text;
+    std::string_view value;
+};
+
+// By name; the first of those that are named alike.
+std::map<std::string_view, Variable> Variables(const wchar_t* block) {
+    std::map<std::string_view, Variable> variables;
     for (const wchar_t* entry = block; *entry != L'\0'; entry += std::wcslen(entry) + 1) {
-        const detail::OwnedText text = detail::ToLocaleIfPossible(entry);
+        detail::OwnedText text = detail::ToLocaleIfPossible(entry);
         if (const auto split = detail::SplitEnvironmentEntry(detail::OrEmpty(text.get())))
-            variables.emplace(split->name, split->value);
+            variables.try_emplace(split->name, Variable{std::move(text), split->value});
     }
     return variables;
 }
@@ -43,8 +52,7 @@ std::map<std::string, std::string> Variables(const wchar_t* block) {
 void TEVUtilWindows::GetEnv(const char* const name, char** value) try {
     if (value == nullptr) return;
     *value = nullptr;
-    if (const auto read = detail::ReadVariable(detail::OrEmpty(name)))
-        detail::HandOut(*read, value);
+    *value = detail::ReadVariableText(detail::OrEmpty(name)).release();
 } catch (...) {
     return;
 }
@@ -76,9 +84,9 @@ bool TEVUtilWindows::GetCurrentProcessEnvironmentVariables(char**& names, char**
     detail::OwnedTexts nameTexts(variables.size());
     detail::OwnedTexts valueTexts(variables.size());
     std::size_t i = 0;
-    for (const auto& [name, value] : variables) {
+    for (const auto& [name, variable] : variables) {
         nameTexts.Set(i, detail::MakeText(name));
-        valueTexts.Set(i, detail::MakeText(value));
+        valueTexts.Set(i, detail::MakeText(variable.value));
         ++i;
     }
     names = nameTexts.release();

@@ -27,22 +27,19 @@ std::vector<Row> RowsOf(const Table& data) {
     return rows;
 }
 
-bool Put(SAFEARRAY* array, LONG row, LONG column, std::string_view text) {
-    LONG index[] = {row, column};
-    const detail::OwnedBstr element = detail::ToBstr(text);
-    return SUCCEEDED(SafeArrayPutElement(array, index, element.get()));
-}
-
 detail::OwnedSafeArray MakeTable(const std::vector<Row>& rows) {
     if (!detail::FitsArray(VT_BSTR, kColumns * rows.size())) return detail::OwnedSafeArray(nullptr);
     SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(rows.size()), 0}, {kColumns, 0}};
     detail::OwnedSafeArray array(SafeArrayCreate(VT_BSTR, 2, bounds));
     if (!array) return array;
-    LONG row = 0;
+    const detail::LockedSafeArray locked = detail::Lock(array.get());
+    if (!locked) return detail::OwnedSafeArray(nullptr);
+    // The first index runs fastest: the keys one after the other, then the values.
+    auto* keys = static_cast<BSTR*>(array.get()->pvData);
+    auto* values = keys + rows.size();
     for (const auto& [key, value] : rows) {
-        if (!Put(array.get(), row, 0, key) || !Put(array.get(), row, 1, value))
-            return detail::OwnedSafeArray(nullptr);
-        ++row;
+        *keys++ = detail::ToBstr(key).release();
+        *values++ = detail::ToBstr(value).release();
     }
     return array;
 }

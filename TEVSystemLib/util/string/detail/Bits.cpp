@@ -11,15 +11,22 @@ namespace {
 constexpr std::size_t kBitsPerByte = 8;
 constexpr std::size_t kMaxBits = 64;
 
+inline std::uint64_t FromBigEndian(const char* bytes, std::size_t count) {
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        number = number << kBitsPerByte | static_cast<unsigned char>(bytes[i]);
+    return number;
+}
+
 bool IsBit(char element) { return element == 0 || element == 1; }
 
 }  // namespace
 
 std::uint64_t UnsignedFromBytes(std::string_view bytes) {
-    std::uint64_t number = 0;
-    for (const char byte : bytes)
-        number = number << kBitsPerByte | static_cast<unsigned char>(byte);
-    return number;
+    // With a size that the compiler knows, one load.
+    if (bytes.size() == 8) return FromBigEndian(bytes.data(), 8);
+    if (bytes.size() == 4) return FromBigEndian(bytes.data(), 4);
+    return FromBigEndian(bytes.data(), bytes.size());
 }
 
 std::int64_t SignedFromBits(std::string_view bytes, std::size_t bitCount, BitAlignment alignment) {

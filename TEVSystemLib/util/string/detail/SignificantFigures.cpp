@@ -9,16 +9,31 @@ namespace TAMO::TEV::System::Util::detail {
 
 namespace {
 
-constexpr std::string_view kDigits = "0123456789";
-constexpr std::string_view kNonZeroDigits = "123456789";
 constexpr auto kNone = std::string_view::npos;
 
-bool IsSign(char c) { return c == '+' || c == '-'; }
+constexpr bool IsSign(char c) { return c == '+' || c == '-'; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsNonZeroDigit(char c) { return c >= '1' && c <= '9'; }
+
+// The place of the first such character from `from` on, or npos.
+template <bool (*isMeant)(char)>
+std::size_t FindFirst(std::string_view text, std::size_t from = 0) {
+    while (from < text.size() && !isMeant(text[from])) ++from;
+    return from < text.size() ? from : kNone;
+}
+
+// The place of the last such character, or npos.
+template <bool (*isMeant)(char)>
+std::size_t FindLast(std::string_view text) {
+    std::size_t end = text.size();
+    while (end > 0 && !isMeant(text[end - 1])) --end;
+    return end > 0 ? end - 1 : kNone;
+}
 
 // Does a number of digits go up when those from `next` on are dropped?
 bool RoundsUp(std::string_view number, std::size_t last, std::size_t next) {
     if (number[next] != '5') return number[next] > '5';
-    if (number.find_first_of(kNonZeroDigits, next + 1) != kNone) return true;
+    if (FindFirst<IsNonZeroDigit>(number, next + 1) != kNone) return true;
     // KEEP: an exact half goes down onto 2, 4, 6, 8 only; a kept 0 goes up, so that 10.5 gives 11.
     constexpr std::string_view kStays = "2468";
     return kStays.find(number[last]) == kNone;
@@ -38,7 +53,7 @@ void Increment(std::string& number, std::size_t last) {
 }
 
 std::size_t NextDigit(std::string_view number, std::size_t at) {
-    return number.find_first_of(kDigits, at + 1);
+    return FindFirst<IsDigit>(number, at + 1);
 }
 
 }  // namespace
@@ -47,11 +62,11 @@ std::optional<Figures> AnalyseFigures(std::string_view number) {
     const std::size_t start = !number.empty() && IsSign(number[0]) ? 1 : 0;
     const std::string_view digits = number.substr(start);
     const std::size_t point = digits.find('.');
-    if (digits.empty() || std::count(digits.begin(), digits.end(), '.') > 1 ||
-        digits.find_first_not_of("0123456789.") != kNone)
-        return std::nullopt;
+    const auto digitCount = std::count_if(digits.begin(), digits.end(), IsDigit);
+    const std::size_t others = digits.size() - static_cast<std::size_t>(digitCount);
+    if (digits.empty() || others != (point == kNone ? 0U : 1U)) return std::nullopt;
 
-    const std::size_t first = digits.find_first_of(kNonZeroDigits);
+    const std::size_t first = FindFirst<IsNonZeroDigit>(digits);
     Figures figures;
     figures.hasPoint = point != kNone;
     // KEEP: an integer of zeros is a number without figures, zeros with a point are none at all.
@@ -60,8 +75,8 @@ std::optional<Figures> AnalyseFigures(std::string_view number) {
         return figures;
     }
     // KEEP: trailing zeros count in a number with a point only.
-    std::size_t last = digits.find_last_of(kNonZeroDigits);
-    if (figures.hasPoint) last = digits.find_last_of(kDigits);
+    const std::size_t last =
+        figures.hasPoint ? FindLast<IsDigit>(digits) : FindLast<IsNonZeroDigit>(digits);
     const bool spansPoint = figures.hasPoint && first < point && point < last;
     figures.hasDigits = true;
     figures.first = static_cast<int>(start + first);
@@ -96,7 +111,7 @@ std::optional<std::string> RoundToFigures(std::string number, int figures) {
 }
 
 std::string InExponentForm(std::string_view rounded, int figures) {
-    const std::size_t first = rounded.find_first_of(kNonZeroDigits);
+    const std::size_t first = FindFirst<IsNonZeroDigit>(rounded);
     const std::size_t point = rounded.find('.');
     std::string text;
     std::size_t digit = first;
@@ -116,7 +131,7 @@ std::optional<Exponent> ExponentOf(std::string_view text) {
     int magnitude = 0;
     for (const char c : text.substr(marker + 2)) {
         const int digit = c - '0';
-        if (kDigits.find(c) == kNone || magnitude > (std::numeric_limits<int>::max() - digit) / 10)
+        if (!IsDigit(c) || magnitude > (std::numeric_limits<int>::max() - digit) / 10)
             return std::nullopt;
         magnitude = 10 * magnitude + digit;
     }

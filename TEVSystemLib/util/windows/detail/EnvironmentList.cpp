@@ -2,9 +2,6 @@
 
 #include <TEVSystemLib/system/TEVSysCnst.h>
 
-#include <algorithm>
-#include <vector>
-
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/Tokens.h"
 
@@ -12,47 +9,61 @@ namespace TAMO::TEV::System::Util::detail {
 
 namespace {
 
-using Elements = std::vector<std::string_view>;
+class Elements {
+ public:
+    explicit Elements(std::string_view list) : tokens_(TEVSysCnst::DELIMITER_SEMICOLON, list) {}
 
-Elements Split(std::string_view list) {
-    Elements elements;
-    for (const std::string_view piece : Tokens(TEVSysCnst::DELIMITER_SEMICOLON, list)) {
-        const std::string_view element = TrimIfSpaced(piece);
-        if (!element.empty()) elements.push_back(element);
+    std::optional<std::string_view> Next() {
+        while (const auto token = tokens_.Next()) {
+            const std::string_view element = TrimIfSpaced(*token);
+            if (!element.empty()) return element;
+        }
+        return std::nullopt;
     }
-    return elements;
+
+ private:
+    Tokenizer tokens_;
+};
+
+bool Has(std::string_view list, std::string_view element) {
+    Elements elements(list);
+    while (const auto other = elements.Next()) {
+        if (EqualsIgnoringCase(*other, element)) return true;
+    }
+    return false;
 }
 
-std::string Join(const Elements& elements) {
-    std::string list;
-    for (const std::string_view element : elements) {
-        if (!list.empty()) list += TEVSysCnst::DELIMITER_SEMICOLON;
-        list += element;
-    }
-    return list;
-}
-
-Elements::iterator Find(Elements& elements, std::string_view element) {
-    return std::find_if(elements.begin(), elements.end(), [element](std::string_view other) {
-        return EqualsIgnoringCase(other, element);
-    });
+void Append(std::string& list, std::string_view element) {
+    if (!list.empty()) list += TEVSysCnst::DELIMITER_SEMICOLON;
+    list += element;
 }
 
 }  // namespace
 
 std::optional<std::string> AddToList(std::string_view list, std::string_view element,
                                      ListPlace place) {
-    Elements elements = Split(list);
-    if (Find(elements, element) != elements.end()) return std::nullopt;
-    elements.insert(place == ListPlace::Front ? elements.begin() : elements.end(), element);
-    return Join(elements);
+    if (Has(list, element)) return std::nullopt;
+    std::string added;
+    added.reserve(list.size() + 1 + element.size());
+    if (place == ListPlace::Front) Append(added, element);
+    Elements elements(list);
+    while (const auto other = elements.Next()) Append(added, *other);
+    if (place == ListPlace::Back) Append(added, element);
+    return added;
 }
 
 std::string RemoveFromList(std::string_view list, std::string_view element) {
-    Elements elements = Split(list);
-    const auto found = Find(elements, element);
-    if (found != elements.end()) elements.erase(found);
-    return Join(elements);
+    std::string kept;
+    kept.reserve(list.size());
+    bool isRemoved = false;
+    Elements elements(list);
+    while (const auto other = elements.Next()) {
+        if (isRemoved || !EqualsIgnoringCase(*other, element))
+            Append(kept, *other);
+        else
+            isRemoved = true;
+    }
+    return kept;
 }
 
 std::optional<EnvironmentEntry> SplitEnvironmentEntry(std::string_view entry) {

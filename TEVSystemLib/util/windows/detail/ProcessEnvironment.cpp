@@ -9,6 +9,7 @@
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
 #include "TEVSystemLib/util/string/detail/LocaleText.h"
+#include "TEVSystemLib/util/string/detail/Utf8.h"
 
 namespace TAMO::TEV::System::Util::detail {
 
@@ -21,11 +22,33 @@ constexpr std::size_t kEnvironmentBufferChars = 32802;
 constexpr std::size_t kMaxEnvironmentSize = 32767;
 constexpr int kMaxAttempts = 10;
 
-OwnedWideText ToWide(std::string_view name) {
-    wchar_t* wide = nullptr;
-    TEVUtilString::ConvertFromCharToWChar(std::string(name).c_str(), &wide);
-    return OwnedWideText(wide);
-}
+// A name as the system takes it, on the stack when it is brief; null when it is empty or does not
+// convert.
+class WideName {
+ public:
+    explicit WideName(std::string_view name) {
+        if (name.size() < kBriefNameChars && WidenAscii(name, brief_) == name.size()) {
+            text_ = brief_;
+        } else {
+            wchar_t* wide = nullptr;
+            TEVUtilString::ConvertFromCharToWChar(std::string(name).c_str(), &wide);
+            owned_.reset(wide);
+            text_ = wide;
+        }
+    }
+    WideName(const WideName&) = delete;
+    WideName& operator=(const WideName&) = delete;
+
+    const wchar_t* get() const { return IsNullOrEmpty(text_) ? nullptr : text_; }
+
+ private:
+    static constexpr std::size_t kBriefNameChars = 64;
+    static bool IsNullOrEmpty(const wchar_t* text) { return text == nullptr || *text == L'\0'; }
+
+    wchar_t brief_[kBriefNameChars] = {};
+    OwnedWideText owned_;
+    const wchar_t* text_ = nullptr;
+};
 
 // For values that are longer than most; null when the variable is not set. The first attempt fits
 // every value that the system keeps; the others are for a value that grows meanwhile.
@@ -47,17 +70,20 @@ OwnedWideText ReadLong(const wchar_t* name) {
 
 }  // namespace
 
-std::optional<std::string> ReadVariable(std::string_view name) {
-    const OwnedWideText wideName = ToWide(TrimIfSpaced(name));
-    if (!wideName) return std::nullopt;
+OwnedText ReadVariableText(std::string_view name) {
+    const WideName wideName(TrimIfSpaced(name));
+    if (wideName.get() == nullptr) return nullptr;
     wchar_t brief[kBriefValueChars];
     const DWORD length = GetEnvironmentVariableW(wideName.get(), brief, kBriefValueChars);
     // KEEP: an empty value is not told from a variable that is not set; lists treat both alike.
-    if (length == 0) return std::nullopt;
-    if (length < kBriefValueChars) return ToLocale(brief).get();
-    const OwnedWideText value = ReadLong(wideName.get());
-    if (!value) return std::nullopt;
-    return ToLocale(value.get()).get();
+    if (length == 0) return nullptr;
+    return ToLocale(length < kBriefValueChars ? brief : ReadLong(wideName.get()).get());
+}
+
+std::optional<std::string> ReadVariable(std::string_view name) {
+    const OwnedText text = ReadVariableText(name);
+    if (!text) return std::nullopt;
+    return text.get();
 }
 
 std::optional<std::string> ReadPathVariable(std::string_view name) {

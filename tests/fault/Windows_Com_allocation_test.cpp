@@ -247,7 +247,7 @@ const IdleFunctions systemTexts{
     {"TEVUtilWindows::GetBSTRLength(wchar_t* const&)", "",
      [](Attempt& attempt) {
          const Bstr text(kWide);
-         Finds(attempt, std::uint64_t{56}, [&] { return Windows::GetBSTRLength(text.get()); });
+         Finds(attempt, std::uint64_t{59}, [&] { return Windows::GetBSTRLength(text.get()); });
      }},
     {"TEVUtilWindows::GetCLSIDFromString(wchar_t const*, _GUID&)", "",
      [](Attempt& attempt) {

@@ -14,8 +14,6 @@ namespace TAMO::TEV::System::detail {
 
 namespace {
 
-using Util::detail::EqualsIgnoringCase;
-
 using Kind = PropertyKind;
 
 const WellKnownProperty* WellKnownTable() {
@@ -39,10 +37,20 @@ const WellKnownProperty* WellKnownTable() {
     return table;
 }
 
+// The text in any letter case? Mostly told by the first letter, so that no length is asked for.
+bool IsWord(const char* word, std::string_view text) {
+    using Util::detail::ToLower;
+    for (const char c : text) {
+        if (*word == '\0' || ToLower(*word) != ToLower(c)) return false;
+        ++word;
+    }
+    return *word == '\0';
+}
+
 template <std::size_t N>
 bool IsOneOf(std::string_view word, const std::array<const char*, N>& words) {
     return std::any_of(words.begin(), words.end(),
-                       [word](const char* other) { return EqualsIgnoringCase(other, word); });
+                       [word](const char* other) { return IsWord(other, word); });
 }
 
 bool IsLevel(std::string_view value) {
@@ -71,7 +79,7 @@ bool IsMode(std::string_view value) {
 
 const WellKnownProperty* FindWellKnown(std::string_view key) {
     const WellKnownProperty* row = WellKnownTable();
-    while (row->key != nullptr && !EqualsIgnoringCase(row->key, key)) ++row;
+    while (row->key != nullptr && !IsWord(row->key, key)) ++row;
     return row->key == nullptr ? nullptr : row;
 }
 

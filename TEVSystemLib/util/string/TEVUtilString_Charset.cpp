@@ -30,15 +30,34 @@ bool Commit(Owned& made, std::size_t size, Char** text, std::size_t* length) {
     return true;
 }
 
+// From this size on it pays to try whether all is ASCII, before the size is computed.
+constexpr std::size_t kLongText = 256;
+
 // Text that is valid from end to end has one conversion only; what the system makes of any other
 // is its own affair.
+bool WidenLongAscii(std::string_view text, wchar_t** wide, std::size_t* wideLength) {
+    if (text.size() < kLongText) return false;
+    detail::OwnedWideText converted = detail::MakeUnfilledWideText(text.size());
+    return detail::WidenAscii(text, converted.get()) == text.size() &&
+           Commit(converted, text.size(), wide, wideLength);
+}
+
 bool WidenValid(std::string_view text, wchar_t** wide, std::size_t* wideLength) {
+    if (WidenLongAscii(text, wide, wideLength)) return true;
     const std::size_t size = detail::Utf16Size(text);
     detail::OwnedWideText converted = detail::MakeUnfilledWideText(size);
     return detail::WidenUtf8(text, converted.get()) && Commit(converted, size, wide, wideLength);
 }
 
+bool NarrowLongAscii(std::wstring_view wide, char** text, std::size_t* textLength) {
+    if (wide.size() < kLongText) return false;
+    detail::OwnedText converted = detail::MakeUnfilledText(wide.size());
+    return detail::NarrowAscii(wide, converted.get()) == wide.size() &&
+           Commit(converted, wide.size(), text, textLength);
+}
+
 bool NarrowValid(std::wstring_view wide, char** text, std::size_t* textLength) {
+    if (NarrowLongAscii(wide, text, textLength)) return true;
     const std::size_t size = detail::Utf8Size(wide);
     if (size >= kMaxCount) return false;
     detail::OwnedText converted = detail::MakeUnfilledText(size);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cmath>
+#include <utility>
 
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
@@ -22,22 +23,22 @@ std::string Fixed(double value) {
 }
 
 // A magnitude rounded to so many figures; empty when it cannot be.
-std::string Rounded(const std::string& fixed, int figures, bool scientific) {
-    const auto rounded = detail::RoundToFigures(fixed, figures);
+std::string Rounded(std::string fixed, int figures, bool scientific) {
+    auto rounded = detail::RoundToFigures(std::move(fixed), figures);
     if (!rounded) return {};
-    return scientific ? detail::InExponentForm(*rounded, figures) : *rounded;
+    return scientific ? detail::InExponentForm(*rounded, figures) : *std::move(rounded);
 }
 
 // Both texts before they are tidied; empty when they cannot be made.
 std::string ValueText(double value, double uncertainty, const std::string& uncertaintyExponent,
                       bool scientific) {
-    const std::string fixed = Fixed(value);
+    std::string fixed = Fixed(value);
     const auto analysed = detail::AnalyseFigures(fixed);
     const auto exponent = detail::ExponentOf(uncertaintyExponent);
     if (!analysed || !exponent) return {};
     const int figures =
         detail::FiguresWorthShowing(std::fabs(value), *analysed, uncertainty, *exponent);
-    const std::string rounded = Rounded(fixed, figures, scientific);
+    const std::string rounded = Rounded(std::move(fixed), figures, scientific);
     if (rounded.empty()) return {};
     return detail::WithoutIdlePoint(value > 0 ? rounded : "-" + rounded);
 }
@@ -85,15 +86,14 @@ bool TEVUtilString::SignificantFigures(double value, double uncertainty, char** 
     if (valueText != nullptr) *valueText = nullptr;
     if (uncertaintyText != nullptr) *uncertaintyText = nullptr;
     if (!(uncertainty > 0) || valueText == nullptr || uncertaintyText == nullptr) return false;
-    const std::string fixed = Fixed(uncertainty);
-    const std::string exponentForm = Rounded(fixed, 1, true);
-    if (exponentForm.empty()) return false;
+    const std::string rounded = Rounded(Fixed(uncertainty), 1, false);
+    if (rounded.empty()) return false;
+    const std::string exponentForm = detail::InExponentForm(rounded, 1);
     // KEEP: a value of 0 keeps its point in either form; its texts are promised.
     const std::string zero = scientific ? "0.e+00" : "0.0";
     const std::string shown =
         value == 0 ? zero : ValueText(value, uncertainty, exponentForm, scientific);
-    const std::string beside =
-        detail::WithoutIdlePoint(scientific ? exponentForm : Rounded(fixed, 1, false));
+    const std::string beside = detail::WithoutIdlePoint(scientific ? exponentForm : rounded);
     if (shown.empty() || beside.empty()) return false;
     detail::OwnedText first = detail::MakeText(Localised(shown));
     detail::HandOut(Localised(beside), uncertaintyText);

@@ -20,6 +20,8 @@ constexpr int kTrials = 3;
 struct Wishes {
     bool isQuick = false;
     bool onlyCheck = false;
+    // Of each row, instead of measuring.
+    std::int64_t turns = 0;
     Seconds repetition{0.05};
     std::regex filter{""};
 } wishes;
@@ -53,6 +55,7 @@ auto Labelled(const std::function<void(benchmark::State&)>& loop, const std::str
 // Takes out what is ours; the rest is for the benchmark library.
 bool TakeWish(std::string_view argument) {
     constexpr std::string_view kFilter = "--filter=";
+    constexpr std::string_view kTurns = "--turns=";
     if (argument == "--quick") {
         wishes.isQuick = true;
         wishes.repetition = Seconds(0.01);
@@ -60,6 +63,8 @@ bool TakeWish(std::string_view argument) {
         wishes.onlyCheck = true;
     } else if (argument.substr(0, kFilter.size()) == kFilter) {
         wishes.filter = std::string(argument.substr(kFilter.size()));
+    } else if (argument.substr(0, kTurns.size()) == kTurns) {
+        wishes.turns = std::atoll(argument.data() + kTurns.size());
     } else {
         return false;
     }
@@ -72,7 +77,7 @@ int Run(int count, char** arguments) {
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
     RegisterRows();
-    if (wishes.onlyCheck) return 0;
+    if (wishes.onlyCheck || wishes.turns > 0) return 0;
     return benchmark::RunSpecifiedBenchmarks() == 0 ? 1 : 0;
 }
 
@@ -86,6 +91,7 @@ void Register(const std::string& name, const std::string& label,
               const std::function<void(benchmark::State&)>& loop,
               const std::function<void(std::int64_t)>& turns) {
     if (wishes.onlyCheck) return;
+    if (wishes.turns > 0) return turns(wishes.turns);
     benchmark::RegisterBenchmark(name.c_str(), Labelled(loop, label))
         ->UseRealTime()
         ->Iterations(TurnsOfRepetition(turns));
@@ -93,7 +99,7 @@ void Register(const std::string& name, const std::string& label,
 
 void RegisterOnce(const std::string& name, const std::string& label,
                   const std::function<void(benchmark::State&)>& loop) {
-    if (wishes.onlyCheck || !IsWanted(name, 0)) return;
+    if (wishes.onlyCheck || wishes.turns > 0 || !IsWanted(name, 0)) return;
     benchmark::RegisterBenchmark(name.c_str(), Labelled(loop, label))
         ->UseManualTime()
         ->Iterations(1);

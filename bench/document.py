@@ -3,6 +3,7 @@
 of all jobs, the goals, and the notes that people write."""
 
 import datetime
+import json
 import math
 import pathlib
 import re
@@ -114,6 +115,30 @@ def section(job, rows, notes):
     return text + (f"\n{notes[job]}\n" if job in notes else "")
 
 
+def instructions(results, rows):
+    """What the rows that missed cost in instructions, which do not depend on the machine's mood."""
+    path = results / "instructions.json"
+    counts = json.loads(path.read_text()) if path.exists() else {}
+    text = ""
+    for row in rows:
+        prefix = f"{row.job}/{row.work}/{row.size}"
+        ours = counts.get(f"{prefix}/ours")
+        if row.verdict() != "missed" or ours is None:
+            continue
+        limit = counts.get(f"{prefix}/limit")
+        peer = next((f"{value:,.0f} ({name.rpartition('peer:')[2]})" for name, value in counts.items()
+                     if name.startswith(f"{prefix}/peer:")), "-")
+        text += (f"| {row.job} {row.work} | {row.size or ''} | {ours:,.0f} | "
+                 + (f"{limit:,.0f} | {number(ours / limit) if limit else '-'}" if limit is not None
+                    else "- | -") + f" | {peer} |\n")
+    if not text:
+        return ""
+    return ("\n## Instructions of the lines that missed\n\nOf one turn, counted by valgrind "
+            "(`./tev bench --instructions`).\n\n"
+            "| Work | Size | ours | limit | ours / limit | fastest peer |\n"
+            "|---|--:|--:|--:|--:|--:|\n" + text)
+
+
 def summary(rows):
     verdicts = [row.verdict() for row in rows]
     counts = ", ".join(f"{verdicts.count(name)} {name}" for name in ("met", "close", "missed"))
@@ -140,6 +165,7 @@ def main(results, dll, empty, objdump):
         text += section(job, rows, notes)
         if job == "start":
             text += start(results, dll, empty, objdump)
+    text += instructions(results, [row for rows in jobs.values() for row in rows])
     DOCUMENT.write_text(text)
     print(f"wrote {DOCUMENT.relative_to(ROOT)}")
 

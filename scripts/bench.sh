@@ -43,12 +43,22 @@ document() {
         "$triplet-objdump"
 }
 
+# count_instructions JOB...: of the rows that missed their goal when they were measured last.
+count_instructions() {
+    need_packages "${packages_bench[@]}"
+    need_wine
+    say "counting instructions, a quarter of a minute a row"
+    WINEPREFIX=${WINEPREFIX:-$cache/wine} WINEDEBUG=-all WINEPATH=$bench_build/bin \
+        "$bench_python" "$root/bench/instructions.py" "$bench_results" "$bench_build/bin" "$@"
+}
+
 verb_bench() {
-    local jobs=() files=() options=("${bench_full[@]}") whole=yes only_document='' job
+    local jobs=() files=() options=("${bench_full[@]}") whole=yes only='' job
     while [ $# -gt 0 ]; do
         case $1 in
             --quick) options=("${bench_quick[@]}") whole='' ;;
-            --document) only_document=yes ;;
+            --document) only=document ;;
+            --instructions) only=instructions ;;
             --filter=*) options+=("$1") whole='' ;;
             -*) die "unknown option: $1; see ./tev help" ;;
             *)
@@ -59,13 +69,15 @@ verb_bench() {
         esac
         shift
     done
-    if [ -z "$only_document" ]; then
+    [ ${#jobs[@]} -gt 0 ] || mapfile -t jobs < <(bench_jobs)
+    if [ "$only" = instructions ]; then
+        count_instructions "${jobs[@]}"
+    elif [ -z "$only" ]; then
         need_bench
-        [ ${#jobs[@]} -gt 0 ] || mapfile -t jobs < <(bench_jobs)
         build mingw-bench "${jobs[@]/#/bench_}"
         for job in "${jobs[@]}"; do measure "$job" "${options[@]}"; done
         for job in "${jobs[@]}"; do files+=("$bench_results/$job.json"); done
         "$bench_python" "$root/bench/show.py" "${files[@]}"
     fi
-    [ -z "$whole$only_document" ] || document
+    if [ "$only" = document ] || { [ -z "$only" ] && [ -n "$whole" ]; }; then document; fi
 }

@@ -10,7 +10,8 @@ packages_package=(git python3 python3-jsonschema python3-license-expression)
 packages_compilers=(clang-14 libc++-14-dev python3)
 packages_coverage=(gcovr python3)
 packages_seeded=(patch rsync)
-packages_bench=(libboost-dev libfmt-dev libfast-float-dev libsimpleini-dev python3-matplotlib)
+packages_bench=(libboost-dev libfmt-dev libfast-float-dev libsimpleini-dev python3-matplotlib
+    valgrind)
 packages_docs=(doxygen python3)
 packages_look=(chromium)
 

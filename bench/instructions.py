@@ -1,0 +1,77 @@
+#!/usr/bin/env python3
+"""instructions.py RESULTS PROGRAMS JOB...: counts the instructions of the rows that missed.
+
+A row is run with some turns and with three times as many, in a program that valgrind watches under
+Wine; the difference is that of the turns alone. Writes RESULTS/instructions.json: "job/work/size/way"
+to instructions a turn.
+"""
+
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+from concurrent.futures import ThreadPoolExecutor
+
+from measurements import BadMeasurement, fastest_quarter, read_goals, read_rows
+
+# So long, in nanoseconds, that starting the program does not count.
+WORK = 3e6
+WINE = "/usr/lib/wine/wine64"
+VALGRIND = ["valgrind", "--tool=cachegrind", "--trace-children=yes", "--cache-sim=no",
+            "--cachegrind-out-file=/dev/null"]
+
+
+def run(program, row, turns):
+    """All instructions of the program, which is one of the processes that Wine starts."""
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run(
+            [*VALGRIND, f"--log-file={folder}/%p", WINE, str(program), f"--turns={turns}",
+             f"--filter=^{re.sub(r'([.+*?()|])', r'[\1]', row)}$"],
+            env={**os.environ, "WINELOADERNOEXEC": "1"}, check=False, timeout=600,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        for log in pathlib.Path(folder).iterdir():
+            text = log.read_text()
+            counted = re.search(r"I +refs: +([0-9,]+)", text)
+            if re.search(rf"Command: .*{program.name}", text) and counted:
+                return int(counted[1].replace(",", ""))
+    raise BadMeasurement(f"{program.name}: valgrind counted nothing for {row}")
+
+
+def count(program, row, time):
+    turns = max(1, round(WORK / time))
+    # What the start costs differs a little from one to the next.
+    few, many = (min(run(program, row, turns * factor) for _ in range(2)) for factor in (1, 3))
+    return max(0, many - few) / (2 * turns)
+
+
+def ways(row):
+    """The names of the ways that are compared, with their times."""
+    prefix = f"{row.work}/{row.size}"
+    yield f"{prefix}/ours", fastest_quarter(row.ours)
+    if row.limit:
+        yield f"{prefix}/limit", fastest_quarter(row.limit)
+    if row.peers:
+        yield f"{prefix}/peer:{row.best_peer()}", fastest_quarter(row.peers[row.best_peer()])
+
+
+def main(results, programs, jobs):
+    goals = read_goals()
+    tasks = [(job, name, time) for job in jobs for row in read_rows(results / f"{job}.json", goals)
+             if row.verdict() == "missed" and row.job != "start" for name, time in ways(row)]
+    found = {}
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        counts = pool.map(lambda task: count(programs / f"bench_{task[0]}.exe", *task[1:]), tasks)
+        for (job, name, _), counted in zip(tasks, counts):
+            found[f"{job}/{name}"] = counted
+            print(f"{counted:>14,.0f}  {job}/{name}", flush=True)
+    (results / "instructions.json").write_text(json.dumps(found, indent=1))
+
+
+if __name__ == "__main__":
+    try:
+        main(*(pathlib.Path(argument) for argument in sys.argv[1:3]), sys.argv[3:])
+    except BadMeasurement as error:
+        sys.exit(f"tev: {error}")

@@ -17,6 +17,9 @@ check_cxx_source_compiles("#include <cstdlib>
     #endif
     int main() {}" TEVSYSTEMLIB_BUILT_WITH_UCRT)
 set(TEVSYSTEMLIB_BUILT_BY_MSVC ${MSVC})
+if(MSVC AND CMAKE_BUILD_TYPE STREQUAL Debug)
+    set(TEVSYSTEMLIB_BUILT_WITH_DEBUG_RUNTIME ON)
+endif()
 configure_file(TEVSystemBuild.h.in ${PROJECT_BINARY_DIR}/TEVSystemBuild.h @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/TEVSystemBuild.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TEVSystemLib)

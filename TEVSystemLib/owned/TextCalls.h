@@ -24,6 +24,7 @@ class NamedText {
     explicit NamedText(const char* text) noexcept : text_(text) {}
     explicit NamedText(const std::string& text) noexcept : text_(text.c_str()) {}
     explicit NamedText(const OwnedText& text) noexcept : text_(text.get()) {}
+    // Not copied, so that it stays in its call.
     NamedText(const NamedText&) = delete;
     NamedText& operator=(const NamedText&) = delete;
     ~NamedText() = default;

@@ -44,12 +44,13 @@ INSIDE_PAGES = {
         ("smartmenus", "MIT", rb"SmartMenus jQuery Plugin - v(\d[\d.]+)"),
     ],
 }
-# What Debian ships: the DLLs of the compiler, and headers that are compiled into a program. File,
-# part, package, licence.
+# What Debian ships: the DLLs of the compiler, its start code in each module, headers that are
+# compiled into a program. File, part, package, licence.
 FROM_DEBIAN = [
     ("bin/libstdc++-6.dll", "libstdc++", "gcc-mingw-w64-x86-64-posix-runtime", GCC),
     ("bin/libgcc_s_seh-1.dll", "libgcc", "gcc-mingw-w64-x86-64-posix-runtime", GCC),
     ("bin/libwinpthread-1.dll", "winpthreads", "mingw-w64-x86-64-dev", "MIT AND BSD-3-Clause"),
+    ("bin/TEVSystemLib.dll", "MinGW-w64 start code", "mingw-w64-x86-64-dev", "ZPL-2.1"),
     ("bin/tevsys.exe", "CLI11", "libcli11-dev", "BSD-3-Clause"),
     ("bin/tevsys.exe", "JSON for Modern C++", "nlohmann-json3-dev", "MIT"),
 ]
@@ -166,7 +167,7 @@ def document(tree, version, gdal):
     for file, name, debian, licence in FROM_DEBIAN:
         packages.append(debian_package(name, debian, licence))
         relations.append(relation(ids[file], "GENERATED_FROM", packages[-1]["SPDXID"]))
-        linked += packages[-1:] if file.endswith(".dll") else []
+        linked += packages[-1:] if file.startswith("bin/lib") else []
     relations += [relation(MAIN, "DYNAMIC_LINK", part["SPDXID"]) for part in linked]
     created = datetime.datetime.fromtimestamp(int(os.environ["SOURCE_DATE_EPOCH"]),
                                               datetime.timezone.utc)

@@ -20,11 +20,27 @@
 #elif !TEVSYSTEMLIB_BUILT_BY_MSVC && defined(_MSC_VER)
 #error \
     "TEVSystemLib: the DLL was built by MinGW-w64, Visual C++ has another C++ ABI; use g++ of MinGW-w64, or build the library with Visual C++."
+#elif defined(_MSC_VER) && !defined(_DLL)
+#error \
+    "TEVSystemLib: this program has a C runtime of its own (/MT); memory and exceptions cannot pass to that of the DLL. Compile with /MD."
+#elif defined(_MSC_VER) && defined(_DEBUG) && !TEVSYSTEMLIB_BUILT_WITH_DEBUG_RUNTIME
+#error \
+    "TEVSystemLib: the DLL uses the release runtime, this program the debug one (/MDd), whose strings, maps and heap are others. Compile with /MD, or build the library for Debug."
+#elif defined(_MSC_VER) && !defined(_DEBUG) && TEVSYSTEMLIB_BUILT_WITH_DEBUG_RUNTIME
+#error \
+    "TEVSystemLib: the DLL uses the debug runtime, this program the release one (/MD), whose strings, maps and heap are others. Compile with /MDd, or build the library for Release."
 #endif
 #endif
 
 #include <cstdlib>
 #include <string>
+
+#if defined(_ITERATOR_DEBUG_LEVEL) && defined(TEVSYSTEMLIB_BUILT_WITH_DEBUG_RUNTIME)
+#if _ITERATOR_DEBUG_LEVEL != (TEVSYSTEMLIB_BUILT_WITH_DEBUG_RUNTIME ? 2 : 0)
+#error \
+    "TEVSystemLib: _ITERATOR_DEBUG_LEVEL lays strings and maps out unlike the DLL; leave it to /MD and /MDd."
+#endif
+#endif
 
 #if !defined(_MSC_VER)
 #if defined(_LIBCPP_VERSION) || !defined(__GLIBCXX__)
@@ -33,6 +49,9 @@
 #elif !defined(_GLIBCXX_USE_CXX11_ABI) || !_GLIBCXX_USE_CXX11_ABI
 #error \
     "TEVSystemLib: _GLIBCXX_USE_CXX11_ABI=0 lays std::string out unlike the DLL; compile with _GLIBCXX_USE_CXX11_ABI=1."
+#elif defined(_GLIBCXX_DEBUG)
+#error \
+    "TEVSystemLib: _GLIBCXX_DEBUG lays vectors and maps out unlike the DLL; compile without it. _GLIBCXX_ASSERTIONS checks too and fits."
 #elif defined(__USING_SJLJ_EXCEPTIONS__)
 #error \
     "TEVSystemLib: the DLL throws by SEH tables, this compiler by setjmp; its exceptions would end the program. Use a compiler with SEH exceptions."

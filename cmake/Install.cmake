@@ -17,11 +17,13 @@ check_cxx_source_compiles("#include <cstdlib>
     #endif
     int main() {}" TEVSYSTEMLIB_BUILT_WITH_UCRT)
 set(TEVSYSTEMLIB_BUILT_BY_MSVC ${MSVC})
+if(MSVC AND CMAKE_BUILD_TYPE STREQUAL Debug)
+    set(TEVSYSTEMLIB_BUILT_WITH_DEBUG_RUNTIME ON)
+endif()
 configure_file(TEVSystemBuild.h.in ${PROJECT_BINARY_DIR}/TEVSystemBuild.h @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/TEVSystemBuild.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TEVSystemLib)
-install(FILES ${PROJECT_SOURCE_DIR}/cmake/package/README.txt ${PROJECT_SOURCE_DIR}/CHANGELOG.md
-    DESTINATION .)
+install(FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION .)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION .)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/docs/html DESTINATION docs OPTIONAL)
 install(EXPORT TEVSystemLibTargets NAMESPACE TAMO:: DESTINATION ${package_dir})
@@ -32,3 +34,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/TEVSystemLibConfigVersion
 install(FILES ${PROJECT_BINARY_DIR}/TEVSystemLibConfig.cmake
     ${PROJECT_BINARY_DIR}/TEVSystemLibConfigVersion.cmake
     ${PROJECT_SOURCE_DIR}/cmake/TEVSystemLib.natvis DESTINATION ${package_dir})
+if(MINGW AND CMAKE_CROSSCOMPILING)
+    install(FILES ${PROJECT_SOURCE_DIR}/cmake/package/README.txt DESTINATION .)
+    # For consumers that cross-compile too.
+    install(FILES ${CMAKE_TOOLCHAIN_FILE} DESTINATION ${package_dir})
+endif()

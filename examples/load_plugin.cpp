@@ -1,11 +1,13 @@
 // Loads a plug-in from a folder of its own, and tells why another one does not load.
 #include <TEVSystemLib/TEVOwned.h>
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <windows.h>
 
 #include <iostream>
 #include <string>
 
 using namespace TAMO::TEV::System::Host;
+using TAMO::TEV::System::TEVSystemDiagnostics;
 using TAMO::TEV::System::Util::TEVUtilWindows;
 
 namespace {
@@ -19,8 +21,10 @@ void Load(const char* name, const std::string& folder, OwnedModule& module) {
     }
     // The first line has the system's code, the second its message in the machine's language.
     std::cout << name << " is not loaded: " << error.substr(0, error.find('\n')) << '\n';
-    if (error.find(" 126.") != std::string::npos)
-        std::cout << "  it, or a module that it needs, is in none of the folders\n";
+    // What the code stands for: the module, the function or the folder to blame.
+    TEVSystemDiagnostics::LoadExplanation why;
+    if (TEVSystemDiagnostics::ExplainLoadFailure(name, folders, 2, why))
+        std::cout << "  " << why.cause << '\n';
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ verb_demo() {
 verb_install() {
     [ $# -eq 1 ] || die "usage: ./tev install DIR"
     need_all
-    build mingw-release TEVSystemLib
+    build mingw-release TEVSystemLib tevsys
     cmake --install "$product" --prefix "$(realpath -m "$1")" >"$root/build/install.log" 2>&1 ||
         die "could not install into $1; see $root/build/install.log"
     say "installed into $1"
@@ -69,7 +69,8 @@ verb_test() {
 }
 
 test_quickly() {
-    need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
+    need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}" \
+        "${packages_docs[@]}"
     need_all
     test_presets "the product under Wine, the platform-free code natively" mingw-release host |
         keep_number test Tests

@@ -17,6 +17,8 @@ verb_docs() {
         sed "s#^$root/##" "$root/build/docs/doxygen.log" | head -n 40 >&2
         die "Doxygen has complaints; mend them (all of them: build/docs/doxygen.log)"
     }
+    "$root/scripts/docs/html-links.py" "$docs_html" ||
+        die "links between the documents lead nowhere; mend them"
     say "the documents: $docs_html/index.html"
     [ $# -eq 0 ] || docs_look
 }

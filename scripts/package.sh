@@ -2,12 +2,12 @@
 
 verb_package() {
     no_arguments $#
-    need_packages "${packages_package[@]}"
+    need_packages "${packages_package[@]}" "${packages_docs[@]}"
     need_all
     [ -n "${SOURCE_DATE_EPOCH:-}" ] || git -C "$root" rev-parse HEAD >/dev/null 2>&1 ||
         die "$root is no git checkout, so the time of the commit is unknown; set SOURCE_DATE_EPOCH"
-    build mingw-release TEVSystemLib
-    [ -e "$root/build/docs/html" ] || say "without documentation: build/docs/html is not built"
+    verb_docs
+    build mingw-release TEVSystemLib tevsys
     local log=$root/build/package.log tree zip
     (cd "$product" && cpack --config CPackConfig.cmake) >"$log" 2>&1 ||
         die "the package could not be made; see $log"

@@ -6,8 +6,10 @@
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export CCACHE_DISABLE=1
+commit=$(git -C "$root" rev-parse HEAD)
 for folder in one "$(printf 'd%.0s' {1..60})"; do
-    git clone -q "$root" "$work/$folder/checkout"
+    git clone -q --no-checkout "$root" "$work/$folder/checkout"
+    git -C "$work/$folder/checkout" -c advice.detachedHead=false checkout -q "$commit"
     "$work/$folder/checkout/tev" package
 done
 for zip in "$work"/*/checkout/build/TEVSystemLib-*.zip; do

@@ -32,12 +32,28 @@ INSIDE_GDAL = [
     ("qhull", "Qhull", rb"qhull_r (\d[\d.]+) "),
     ("lerc", "Apache-2.0", rb"lerc_encode\(\) failed"),
 ]
-# The DLLs of the compiler: part, Debian package that ships it, licence.
-RUNTIME = {
-    "bin/libstdc++-6.dll": ("libstdc++", "gcc-mingw-w64-x86-64-posix-runtime", GCC),
-    "bin/libgcc_s_seh-1.dll": ("libgcc", "gcc-mingw-w64-x86-64-posix-runtime", GCC),
-    "bin/libwinpthread-1.dll": ("winpthreads", "mingw-w64-x86-64-dev", "MIT AND BSD-3-Clause"),
+# In the scripts of the pages: likewise.
+INSIDE_PAGES = {
+    "docs/html/menu.js": [("doxygen", "MIT", rb"The MIT License")],
+    "docs/html/jquery.js": [
+        ("jquery", "MIT", rb"jQuery v(\d[\d.]+) "),
+        ("jquery-ui", "MIT", rb"jQuery UI - v(\d[\d.]+)"),
+        ("jquery-ui-touch-punch", "MIT", rb"Touch Punch (\d[\d.]+)"),
+        ("jquery-scrollto", "MIT", rb"@author Ariel Flesler\s+\* @version (\d[\d.]+)"),
+        ("jquery-powertip", "MIT", rb"PowerTip v(\d[\d.]+)"),
+        ("smartmenus", "MIT", rb"SmartMenus jQuery Plugin - v(\d[\d.]+)"),
+    ],
 }
+# What Debian ships: the DLLs of the compiler, its start code in each module, headers that are
+# compiled into a program. File, part, package, licence.
+FROM_DEBIAN = [
+    ("bin/libstdc++-6.dll", "libstdc++", "gcc-mingw-w64-x86-64-posix-runtime", GCC),
+    ("bin/libgcc_s_seh-1.dll", "libgcc", "gcc-mingw-w64-x86-64-posix-runtime", GCC),
+    ("bin/libwinpthread-1.dll", "winpthreads", "mingw-w64-x86-64-dev", "MIT AND BSD-3-Clause"),
+    ("bin/TEVSystemLib.dll", "MinGW-w64 start code", "mingw-w64-x86-64-dev", "ZPL-2.1"),
+    ("bin/tevsys.exe", "CLI11", "libcli11-dev", "BSD-3-Clause"),
+    ("bin/tevsys.exe", "JSON for Modern C++", "nlohmann-json3-dev", "MIT"),
+]
 
 
 def checksums(path):
@@ -86,26 +102,41 @@ def main_package(version, files):
     return entry
 
 
+def parts_of(tree, name, table, whole):
+    """The parts that a file shows; one that does not tell its version is as old as the whole."""
+    data = (tree / name).read_bytes()
+    parts = []
+    for part, licence, sign in table:
+        found = re.search(sign, data)
+        if not found:
+            sys.exit(f"sbom: {name} shows no {part}; mend the table of its parts")
+        parts.append(package(part, found.group(1).decode() if found.groups() else whole, licence))
+    return parts
+
+
+def page_packages(tree):
+    """Of each script in the pages; none where the documentation was not built."""
+    index = tree / "docs/html/index.html"
+    if not index.exists():
+        return {}
+    doxygen = re.search(r"Doxygen (\d[\d.]+)", index.read_text()).group(1)
+    return {name: parts_of(tree, name, table, doxygen) for name, table in INSIDE_PAGES.items()}
+
+
 def gdal_packages(tree, gdal):
     text = (gdal / "lib/cmake/gdal/GDALConfigVersion.cmake").read_text()
     version = re.search(r'PACKAGE_VERSION "([\d.]+)"', text).group(1)
-    dll = (tree / GDAL_DLL).read_bytes()
     header = (gdal / "include/sqlite3.h").read_text()
     sqlite = re.search(r'define SQLITE_VERSION +"([\d.]+)"', header).group(1)
     sqlite_sign = b"\0(" + re.escape(sqlite).encode() + b")\0"
     parts = [package("gdal", version, "MIT")]
     parts[0]["licenseConcluded"] = "NOASSERTION"
     parts[0]["licenseComments"] = "MIT; single files have others of the kind, see licenses/gdal.txt."
-    for name, licence, sign in INSIDE_GDAL + [("sqlite3", "blessing", sqlite_sign)]:
-        found = re.search(sign, dll)
-        if not found:
-            sys.exit(f"sbom: {GDAL_DLL} shows no {name}; mend the table of its parts")
-        own = found.group(1).decode() if found.groups() else f"the copy in GDAL {version}"
-        parts.append(package(name, own, licence))
-    return parts
+    table = INSIDE_GDAL + [("sqlite3", "blessing", sqlite_sign)]
+    return parts + parts_of(tree, GDAL_DLL, table, f"the copy in GDAL {version}")
 
 
-def runtime_package(name, debian, licence):
+def debian_package(name, debian, licence):
     version = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", debian], check=True,
                              capture_output=True, text=True).stdout
     entry = package(name, version, licence)
@@ -129,12 +160,15 @@ def document(tree, version, gdal):
     relations += [relation(MAIN, "CONTAINS", file["SPDXID"]) for file in files]
     relations.append(relation(ids[GDAL_DLL], "GENERATED_FROM", inside[0]["SPDXID"]))
     relations += [relation(inside[0]["SPDXID"], "STATIC_LINK", part["SPDXID"]) for part in inside[1:]]
-    for dll, (name, debian, licence) in RUNTIME.items():
-        packages.append(runtime_package(name, debian, licence))
-        relations.append(relation(ids[dll], "GENERATED_FROM", packages[-1]["SPDXID"]))
-    for part in (entry["SPDXID"] for entry in packages if entry["name"] in
-                 ["gdal"] + [name for name, _, _ in RUNTIME.values()]):
-        relations.append(relation(MAIN, "DYNAMIC_LINK", part))
+    for script, parts in page_packages(tree).items():
+        packages += parts
+        relations += [relation(ids[script], "GENERATED_FROM", part["SPDXID"]) for part in parts]
+    linked = [inside[0]]
+    for file, name, debian, licence in FROM_DEBIAN:
+        packages.append(debian_package(name, debian, licence))
+        relations.append(relation(ids[file], "GENERATED_FROM", packages[-1]["SPDXID"]))
+        linked += packages[-1:] if file.startswith("bin/lib") else []
+    relations += [relation(MAIN, "DYNAMIC_LINK", part["SPDXID"]) for part in linked]
     created = datetime.datetime.fromtimestamp(int(os.environ["SOURCE_DATE_EPOCH"]),
                                               datetime.timezone.utc)
     content = json.dumps([packages, files], sort_keys=True)

@@ -43,11 +43,13 @@ class Owner {
     using Borrowed = typename Kind::Borrowed;
     using Slot = typename Kind::Slot;
 
+    // Empty.
     Owner() = default;
     // Takes over what the library handed out; other pointers are refused by the compiler.
     explicit Owner(Pointer held) noexcept : held_(held) {}
     template <typename Foreign>
     explicit Owner(Foreign* foreign) = delete;
+    // Takes over what another owner holds, and leaves that one empty.
     Owner(Owner&& other) noexcept : held_(other.release()) {}
     Owner& operator=(Owner&& other) noexcept {
         if (this != &other) {
@@ -56,8 +58,10 @@ class Owner {
         }
         return *this;
     }
+    // Never copied.
     Owner(const Owner&) = delete;
     Owner& operator=(const Owner&) = delete;
+    // Releases what is still held.
     ~Owner() { Reset(); }
 
     // Lent, null when empty; valid until this owner releases it.
@@ -106,23 +110,28 @@ using OwnedSafeArray = Owner<SafeArrayKind>;
 template <typename Kind>
 class OwnedArray {
  public:
-    // An element as the library hands it out, and as readers see it.
+    // An element as the library hands it out, as readers see it, and the form in which the
+    // library's functions take the array as an output.
     using Element = typename Kind::Element;
     using Read = typename Kind::Read;
     using Slot = typename Kind::Slot;
 
+    // Empty.
     OwnedArray() = default;
     // Takes over an array of `count` elements that the library handed out.
     OwnedArray(Element* elements, std::size_t count) noexcept
         : elements_(elements), count_(count) {}
+    // Takes over what another owner holds, and leaves that one empty.
     OwnedArray(OwnedArray&& other) noexcept { Swap(other); }
     OwnedArray& operator=(OwnedArray&& other) noexcept {
         OwnedArray moved(std::move(other));
         Swap(moved);
         return *this;
     }
+    // Never copied.
     OwnedArray(const OwnedArray&) = delete;
     OwnedArray& operator=(const OwnedArray&) = delete;
+    // Releases what is still held.
     ~OwnedArray() { Reset(); }
 
     // The elements, for range-for; the strings of a text array may be null.

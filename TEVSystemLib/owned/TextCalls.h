@@ -5,6 +5,7 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,6 +25,7 @@ class NamedText {
     explicit NamedText(const char* text) noexcept : text_(text) {}
     explicit NamedText(const std::string& text) noexcept : text_(text.c_str()) {}
     explicit NamedText(const OwnedText& text) noexcept : text_(text.get()) {}
+    // Not copied, so that it stays in its call.
     NamedText(const NamedText&) = delete;
     NamedText& operator=(const NamedText&) = delete;
     ~NamedText() = default;
@@ -84,6 +86,22 @@ inline std::optional<Indices> ExtractIndices(Text text) {
 
 inline bool SetSessionEnvironmentVariable(Name name, Value value) {
     return Util::TEVUtilWindows::SetSessionEnvironmentVariable(name.get(), value.get());
+}
+
+// The variables of this process: two arrays of one size.
+struct EnvironmentVariables {
+    // A name and its value have one index.
+    OwnedTextArray names;
+    OwnedTextArray values;
+};
+
+// Both arrays come with one count, which Out and Count cannot give to both; none when it fails.
+inline EnvironmentVariables GetCurrentProcessEnvironmentVariables() {
+    char** names = nullptr;
+    char** values = nullptr;
+    std::size_t count = 0;
+    Util::TEVUtilWindows::GetCurrentProcessEnvironmentVariables(names, values, count);
+    return {OwnedTextArray(names, count), OwnedTextArray(values, count)};
 }
 
 inline bool SetUserProperty(Key key, Value value) {

@@ -97,6 +97,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::optional<std::string> after;
     };
 
+    // What a well-known key may hold; Other is for all other keys.
     enum class Kind : int { Other, Switch, Level, LoggerList, Mode, FreeText };
 
     // What putting a well-known key right has done to its value.
@@ -234,6 +235,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::vector<Module> imports;
     };
 
+    // Why the loader looks into a folder.
     enum class FolderKind : int {
         SearchDirectory,
         Program,

@@ -110,17 +110,6 @@ TEST(OwnedTextArray, GrowsInPlace) {
     EXPECT_EQ(Strings(names.begin(), names.end()), (Strings{"a", "b"}));
 }
 
-TEST(OwnedTextArray, TwoOfOneCountAreTakenOver) {
-    char** names = nullptr;
-    char** values = nullptr;
-    std::size_t count = 0;
-    ASSERT_TRUE(TEVUtilWindows::GetCurrentProcessEnvironmentVariables(names, values, count));
-    const OwnedTextArray ownedNames(names, count);
-    const OwnedTextArray ownedValues(values, count);
-    EXPECT_EQ(ownedNames.size(), ownedValues.size());
-    EXPECT_STRNE(ownedValues[0], "");
-}
-
 TEST(OwnedMessages, AreAddedAndRead) {
     OwnedMessages messages;
     TEVUtilString::GetMsgsMap(Out(messages));

@@ -1,10 +1,12 @@
 #include <TEVSystemLib/TEVOwned.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/Environment.h"
@@ -67,6 +69,16 @@ TEST(NamedSetSessionEnvironmentVariable, TellsNameAndValueApart) {
     EXPECT_EQ(tev::test::SystemVariable("TEV_OWNED_TEST"), "on");
     EXPECT_TRUE(SetSessionEnvironmentVariable(Name("TEV_OWNED_TEST"), Value(nullptr)));
     EXPECT_FALSE(SetSessionEnvironmentVariable(Name(""), Value("on")));
+}
+
+TEST(NamedGetCurrentProcessEnvironmentVariables, GivesEachNameItsValue) {
+    const tev::test::Variable variable("TEV_OWNED_TEST", std::string("on"));
+    const EnvironmentVariables variables = GetCurrentProcessEnvironmentVariables();
+    ASSERT_EQ(variables.names.size(), variables.values.size());
+    const auto* const found = std::find(variables.names.begin(), variables.names.end(),
+                                        std::string_view("TEV_OWNED_TEST"));
+    ASSERT_NE(found, variables.names.end());
+    EXPECT_STREQ(variables.values[static_cast<std::size_t>(found - variables.names.begin())], "on");
 }
 
 TEST(NamedToString, TakesTheWidthBehindTheValueForEveryType) {

@@ -31,4 +31,5 @@ run_program() {
 find_tree() {
     tree=$(echo "$unpacked"/TEVSystemLib-*-win64)
     [ -d "$tree" ] || fail "no unpacked ZIP in $unpacked; run the check package_zip first"
+    toolchain=$tree/lib/cmake/TEVSystemLib/mingw-w64.cmake
 }

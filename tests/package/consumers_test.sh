@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# consumers_test.sh BUILD TOOLCHAIN: programs that know nothing but the unpacked ZIP.
+# consumers_test.sh BUILD: programs that know nothing but the unpacked ZIP.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
-toolchain=$2
 find_tree
 unset TEV_GDAL_PREFIX
 
@@ -14,18 +13,7 @@ cmake_program() {
     run_program "$into/$2" "$3"
 }
 
-# command_line_program EXE SOURCE...: the command of the package's README.
-command_line_program() {
-    local program=$1
-    shift
-    run "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$@" -I"$tree/include" -L"$tree/lib" \
-        -lTEVSystemLib -lole32 -loleaut32 -luuid -lversion -o "$program"
-}
-
 cmake_program "$here/consumer" consumer.exe 'all expectations met'
-
-command_line_program "$work/plain.exe" "$here/consumer/main.cpp" "$here/consumer/Version.cpp"
-run_program "$work/plain.exe" 'all expectations met'
 
 # The host of the README, as it stands there.
 mkdir "$work/readme"
@@ -34,4 +22,15 @@ block cpp >"$work/readme/host.cpp"
 block cmake >"$work/readme/CMakeLists.txt"
 cmake_program "$work/readme" host.exe 'silent, else at'
 
-"$root/tests/examples/examples_test.sh" "$tree" "$toolchain"
+# The command line of the ZIP's README, word for word but for the compiler's full name.
+command=$(sed -n 's/^g++: *g++ //p' "$tree/README.txt")
+[ -n "$command" ] || fail "README.txt tells no command line"
+read -ra words <<<"$command"
+(cd "$work/readme" && run "$compiler" "${words[@]//THIS_FOLDER/$tree}")
+run_program "$work/readme/host.exe" 'silent, else at'
+
+# The DLLs lie beside it.
+run "$root/scripts/wine.sh" "$tree/bin/tevsys.exe" where
+grep -q '^exe.*this program' "$log" || fail "tevsys does not tell where it is"
+
+"$root/tests/examples/examples_test.sh" "$tree"

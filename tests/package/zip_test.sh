@@ -8,10 +8,13 @@ mkdir -p "$unpacked"
 (cd "$unpacked" && run cmake -E tar xf "$build"/package/TEVSystemLib-*-win64.zip)
 find_tree
 
-for file in README.txt CHANGELOG.md bin/TEVSystemLib.dll bin/TEVSystemLib.dll.debug \
+for file in README.txt CHANGELOG.md bin/{TEVSystemLib.dll,tevsys.exe} bin/TEVSystemLib.dll.debug \
     bin/lib{gdal-32,stdc++-6,gcc_s_seh-1,winpthread-1}.dll lib/libTEVSystemLib.dll.a \
     include/TEVSystemLib/{TEVSystemBuild,util/string/TEVUtilString}.h \
-    licenses/{TEVSystemLib,README,gdal,proj,sqlite3,gcc,mingw-w64,GPL-3,Apache-2.0}.txt; do
+    lib/cmake/TEVSystemLib/{TEVSystemLibConfig.cmake,TEVSystemLib.natvis,mingw-w64.cmake} \
+    docs/html/{index,md_docs_ownership,annotated}.html examples/CMakeLists.txt \
+    licenses/{TEVSystemLib,README,gdal,proj,sqlite3,gcc,mingw-w64,GPL-3,Apache-2.0}.txt \
+    licenses/{libcli11,nlohmann-json3,doxygen}.txt; do
     [ -s "$tree/$file" ] || fail "$file is not in the ZIP"
 done
 ! find "$tree" -empty | grep . || fail "the ZIP has empty files or folders"
@@ -22,9 +25,10 @@ done
     fail "files of the ZIP name folders of this machine"
 
 objdump=x86_64-w64-mingw32-objdump
-TZ=UTC "$objdump" -p "$tree/bin/TEVSystemLib.dll" >"$log"
-grep -q '^Time/Date.*Jan  1 00:00:00 1970' "$log" ||
-    fail "the DLL tells when it was linked"
+for file in TEVSystemLib.dll tevsys.exe; do
+    TZ=UTC "$objdump" -p "$tree/bin/$file" >"$log"
+    grep -q '^Time/Date.*Jan  1 00:00:00 1970' "$log" || fail "$file tells when it was linked"
+done
 "$objdump" -h "$tree/bin/TEVSystemLib.dll" >"$log"
 ! grep -q '\.debug_' "$log" ||
     fail "the DLL still has debug information"

@@ -1,5 +1,7 @@
 #include <TEVSystemLib/system/TEVSysCnst.h>
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <TEVSystemLib/system/TEVSystemObject.h>
+#include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <TEVSystemLib/system/XCode.h>
 #include <TEVSystemLib/util/file/TEVIO.h>
 #include <gtest/gtest.h>
@@ -11,6 +13,7 @@ namespace {
 
 using TAMO::TEV::System::TEVSysCnst;
 using TAMO::TEV::System::TEVSystemObject;
+using TAMO::TEV::System::TEVSystemProperties;
 using TAMO::TEV::System::XCode;
 using TAMO::TEV::System::Util::TEVIO;
 
@@ -24,6 +27,27 @@ TEST(Layout, FileIsOnePointerWithoutATable) {
     EXPECT_EQ(sizeof(TEVIO), 8U);
     EXPECT_EQ(alignof(TEVIO), 8U);
     EXPECT_FALSE(std::is_polymorphic_v<TEVIO>);
+}
+
+TEST(Layout, StoreIsTwoPointersWithoutATable) {
+    EXPECT_EQ(sizeof(TEVSystemProperties), 16U);
+    EXPECT_FALSE(std::is_polymorphic_v<TEVSystemProperties>);
+}
+
+TEST(Layout, AnswersOfTheDiagnosticsKeepTheirSizes) {
+    using Answer = TAMO::TEV::System::TEVSystemDiagnostics;
+    EXPECT_EQ(sizeof(Answer::Place), 40U);
+    EXPECT_EQ(sizeof(Answer::Reference), 112U);
+    EXPECT_EQ(sizeof(Answer::Source), 112U);
+    EXPECT_EQ(sizeof(Answer::DirectiveStep), 296U);
+    EXPECT_EQ(sizeof(Answer::Explanation), 416U);
+    EXPECT_EQ(sizeof(Answer::Finding), 176U);
+    EXPECT_EQ(sizeof(Answer::Tables), 96U);
+    EXPECT_EQ(sizeof(Answer::Change), 120U);
+    EXPECT_EQ(sizeof(Answer::MissingFunction), 64U);
+    EXPECT_EQ(sizeof(Answer::Module), 160U);
+    EXPECT_EQ(sizeof(Answer::SearchedFolder), 40U);
+    EXPECT_EQ(sizeof(Answer::LoadExplanation), 384U);
 }
 
 TEST(Layout, EnumerationsAreInts) {

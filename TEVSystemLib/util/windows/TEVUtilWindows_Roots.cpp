@@ -49,15 +49,13 @@ std::optional<std::string> DocumentsFolder() {
 
 }  // namespace
 
-char* TEVUtilWindows::GetCurrentProcessCorvidRootFolder() try {
+char* TEVUtilWindows::GetCurrentProcessCorvidRootFolder() {
     for (const char* marker :
          {"\\Plinth.dll", "\\SensorSupportDataLib.dll", "\\MeasureKitLib.dll"}) {
         const auto folder = FolderOfMarker(marker);
         char* copy = nullptr;
         if (folder && TEVUtilString::Copy(folder->c_str(), &copy, nullptr)) return copy;
     }
-    return nullptr;
-} catch (...) {
     return nullptr;
 }
 

@@ -266,7 +266,8 @@ auto Answering(const std::string& path) {
 }
 
 TEST(ModuleName, HasNoFolderWithoutOneInIt) {
-    for (const char* path : {"a-longer-name-than-kernel32.dll", "\\kernel32.dll"}) {
+    for (const char* path :
+         {"a-longer-name-than-kernel32.dll", "\\kernel32.dll", "                              "}) {
         const auto answers = Answering(path);
         EXPECT_TRUE(Text(TEVUtilWindows::GetModuleFullyQualifiedPath("kernel32.dll")).IsNull());
         EXPECT_EQ(Text(TEVUtilWindows::GetModuleFullyQualifiedName("kernel32.dll")).str(), path);
@@ -299,8 +300,8 @@ TEST(GetFullyQualifiedExePath, LongestNameFits) {
     EXPECT_EQ(folder.str(), FolderOf(path));
 }
 
-TEST(GetFullyQualifiedExePath, NameWithoutAFolderIsAFailure) {
-    const auto answers = Answering("program.exe");
+TEST(GetFullyQualifiedExePath, BlankNameIsAFailure) {
+    const auto answers = Answering(" ");
     Text folder;
     EXPECT_FALSE(TEVUtilWindows::GetFullyQualifiedExePath(folder.Out()));
     EXPECT_TRUE(folder.IsNull());

@@ -28,6 +28,8 @@ constexpr const char* kSystem =
     "a.key.of.some.length = %another.key.of.some.length% and %unknown%\n"
     "another.key.of.some.length = a value of some length\n"
     "tev.log.level = a level that does not exist\n"
+    "tev.lgo.level = a key with a known one near it\n"
+    "tev.quite.another.thing = a key without\n"
     "tev.env.new.1 = TEV_FAULT_PLANNED|a value of some length\n";
 
 // A store loaded from a system file and a user file.
@@ -68,12 +70,11 @@ void ExplainsAll(Attempt& attempt) {
         attempt, [](auto& list) { return TEVSystemDiagnostics::ExplainProperties(list); });
 }
 
-void Checks(Attempt& attempt) {
+void Checks(Attempt& attempt, TEVSystemDiagnostics::FileRole role) {
     const LoadedStore store;
     const std::string path = store.SystemPath();
-    Fills<std::vector<TEVSystemDiagnostics::Finding>>(attempt, [&path](auto& list) {
-        return TEVSystemDiagnostics::CheckPropertiesFile(
-            path.c_str(), TEVSystemDiagnostics::FileRole::System, list);
+    Fills<std::vector<TEVSystemDiagnostics::Finding>>(attempt, [&](auto& list) {
+        return TEVSystemDiagnostics::CheckPropertiesFile(path.c_str(), role, list);
     });
 }
 
@@ -120,7 +121,10 @@ void Saves(Attempt& attempt) {
 const AllocatingFunctions diagnoses{
     {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
      "std::vector<TEVSystemDiagnostics::Finding>&)",
-     "", Checks},
+     "system", [](Attempt& attempt) { Checks(attempt, TEVSystemDiagnostics::FileRole::System); }},
+    {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
+     "std::vector<TEVSystemDiagnostics::Finding>&)",
+     "user", [](Attempt& attempt) { Checks(attempt, TEVSystemDiagnostics::FileRole::User); }},
     {"TEVSystemDiagnostics::CompareSnapshots(std::shared_ptr<TEVSystemDiagnostics::Tables const> "
      "const&, std::shared_ptr<TEVSystemDiagnostics::Tables const> const&, "
      "std::vector<TEVSystemDiagnostics::Change>&)",

@@ -63,7 +63,8 @@ char* TEVUtilWindows::GetCurrentProcessKPTRootFolder() try {
     auto folder = ToolkitFolder(TEVSysCnst::STR_KPT_DATA_DIR, TEVSysCnst::STR_REL_PATH_DATA);
     if (!folder)
         folder = ToolkitFolder(TEVSysCnst::STR_CSM_PLUGIN_DIR, TEVSysCnst::STR_REL_PATH_PLUGINS);
-    return folder ? detail::MakeText(*folder).release() : nullptr;
+    if (!folder) return nullptr;
+    return detail::MakeText(*folder).release();
 } catch (...) {
     return nullptr;
 }

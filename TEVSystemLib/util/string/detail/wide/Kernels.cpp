@@ -53,12 +53,12 @@ constexpr std::size_t kHighest = TEV_WIDE_HIGHEST;
 
 }  // namespace
 
-Levels LevelsOf(Processor processor) {
+Levels LevelsOf(Processor processor) noexcept {
     const std::size_t runnable = !processor.hasSsse3 ? 1 : !processor.hasAvx2 ? 2 : 3;
     return {kLevels, std::min(runnable, kHighest)};
 }
 
-Levels RunnableLevels() {
+Levels RunnableLevels() noexcept {
     static const Levels runnable = LevelsOf({HasSsse3(), HasAvx2()});
     return runnable;
 }

@@ -51,10 +51,10 @@ struct Processor {
     bool hasSsse3;
     bool hasAvx2;
 };
-Levels LevelsOf(Processor processor);
+Levels LevelsOf(Processor processor) noexcept;
 
 // Those of this processor.
-Levels RunnableLevels();
+Levels RunnableLevels() noexcept;
 
 // The last of them; chosen once.
 const Kernels& Best();

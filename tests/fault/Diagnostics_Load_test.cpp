@@ -1,11 +1,16 @@
-// The explanation of a load when the system refuses what the files allow.
+// The explanation of a load when the system refuses what the files allow, or memory is exhausted.
 #include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <new>
 #include <optional>
 #include <string>
 
+#include "TEVSystemLib/system/detail/LoadCause.h"
 #include "TEVSystemLib/system/detail/LoaderState.h"
+#include "fault/AllocationFaults.h"
 #include "fault/FaultyFiles.h"
 #include "fault/SystemCalls.h"
 #include "fixtures/Modules.h"
@@ -14,16 +19,21 @@
 namespace {
 
 using TAMO::TEV::System::TEVSystemDiagnostics;
+using TAMO::TEV::System::detail::ConcludeLoad;
+using TAMO::TEV::System::detail::ModuleFault;
 using TAMO::TEV::System::detail::ReadModuleFile;
+using tev::fault::Attempt;
 using tev::fault::Fail;
 using tev::fault::FailNth;
+using tev::fault::Fault;
 using tev::fault::FaultyFiles;
 using tev::fault::FileCall;
-using tev::fault::Replace;
+using tev::fault::Mode;
 
 namespace calls = tev::fault::calls;
 
 using Explanation = TEVSystemDiagnostics::LoadExplanation;
+using Module = TEVSystemDiagnostics::Module;
 using Problem = TEVSystemDiagnostics::LoadProblem;
 
 constexpr DWORD kStartRefused = 1114;
@@ -78,6 +88,74 @@ TEST_F(LoadExplanationFaults, PathThatIsTooLongForTheSystemHasNoFolders) {
     EXPECT_TRUE(hasPath());
     const auto tooLong = Fail(calls::GetEnvironmentVariableW, 32767U);
     EXPECT_FALSE(hasPath());
+}
+
+TEST_F(LoadExplanationFaults, ExhaustedMemoryAtTheStartIsAFailure) {
+    constexpr std::ptrdiff_t kStart = 16;
+    for (const char* name : {"tevshort", "a-name-that-is-longer-than-a-short-one"}) {
+        for (std::ptrdiff_t n = 0; n < kStart; ++n) {
+            const char* folders[] = {folder_.Path().c_str()};
+            Explanation explanation;
+            Attempt attempt(Fault{n, Mode::Once});
+            const bool explained = attempt.Call([&] {
+                return TEVSystemDiagnostics::ExplainLoadFailure(name, folders, 1, explanation);
+            });
+            EXPECT_FALSE(attempt.Succeeded(explained)) << n;
+            EXPECT_EQ(explanation.cause, "");
+        }
+    }
+}
+
+Module Named(const char* name, const char* file, const char* flaw = "") {
+    Module module;
+    module.name = name;
+    module.file = file;
+    module.flaw = flaw;
+    return module;
+}
+
+Module Lacking(const char* function, const char* forwarder) {
+    Module module = Named("a-module-that-is-needed.dll", "C:\\a-module-that-is-needed.dll");
+    module.missingFunctions.push_back({function, forwarder});
+    return module;
+}
+
+TEST(ConcludeLoad, ExhaustedMemoryAtAnyStepIsThrown) {
+    constexpr const char* kName = "a-module-that-is-needed.dll";
+    const Module root = Named("C:\\the-module-that-loads.dll", "C:\\the-module-that-loads.dll");
+    const Module sound = Named(kName, "C:\\a-module-that-is-needed.dll");
+    const Module flawed = Named(kName, "C:\\a-module-that-is-needed.dll", "it is empty, so to say");
+    const Module missing = Named(kName, "");
+    const Module withoutFunction = Lacking("AFunctionWithALongName", "");
+    const Module withoutForwarded = Lacking("AFunctionWithALongName", "another.FunctionOfTheSame");
+    Module unreadable = sound;
+    unreadable.state = TEVSystemDiagnostics::ModuleState::Unreadable;
+    const ModuleFault faults[] = {
+        {Problem::ModuleMissing, &missing, &root},
+        {Problem::FunctionMissing, &withoutFunction, &root},
+        {Problem::FunctionMissing, &withoutForwarded, &root},
+        {Problem::NotAModule, &flawed, &root},
+        {Problem::NotAModule, &unreadable, &root},
+        {Problem::NotAModule, &root, nullptr},
+        {Problem::OtherMachine, &flawed, &root},
+        {Problem::StartRefused, &sound, &root},
+        {Problem::StartRefused, &root, nullptr},
+        {Problem::Unexplained, &root, nullptr},
+    };
+    for (const ModuleFault& fault : faults) {
+        for (std::ptrdiff_t n = 0;; ++n) {
+            Explanation explanation;
+            explanation.name = root.name;
+            bool isConcluded = false;
+            Attempt attempt(Fault{n, Mode::Once});
+            attempt.Call([&] {
+                ConcludeLoad(fault, explanation);
+                isConcluded = true;
+            });
+            EXPECT_EQ(attempt.Succeeded(isConcluded), !attempt.Threw<std::bad_alloc>());
+            if (!attempt.IsFaulted()) break;
+        }
+    }
 }
 
 TEST(ReadModuleFile, GivesTheWholeFileOrNothing) {

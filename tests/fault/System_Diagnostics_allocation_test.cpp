@@ -28,14 +28,12 @@ constexpr const char* kSystem =
     "a.key.of.some.length = %another.key.of.some.length% and %unknown%\n"
     "another.key.of.some.length = a value of some length\n"
     "tev.log.level = a level that does not exist\n"
-    "tev.lgo.level = a key with a known one near it\n"
-    "tev.quite.another.thing = a key without\n"
     "tev.env.new.1 = TEV_FAULT_PLANNED|a value of some length\n";
 
 // A store loaded from a system file and a user file.
 class LoadedStore : public StoreFolders {
  public:
-    LoadedStore() { Load(kSystem, "u = 2\n"); }
+    explicit LoadedStore(const char* system = kSystem) { Load(system, "u = 2\n"); }
 
     std::string SystemPath() const { return system_ / kSystemFile; }
     std::string UserFile() const { return ReadAll(user_ / kUserFile); }
@@ -70,12 +68,24 @@ void ExplainsAll(Attempt& attempt) {
         attempt, [](auto& list) { return TEVSystemDiagnostics::ExplainProperties(list); });
 }
 
-void Checks(Attempt& attempt, TEVSystemDiagnostics::FileRole role) {
-    const LoadedStore store;
-    const std::string path = store.SystemPath();
+void Checks(Attempt& attempt, const std::string& path, TEVSystemDiagnostics::FileRole role) {
     Fills<std::vector<TEVSystemDiagnostics::Finding>>(attempt, [&](auto& list) {
         return TEVSystemDiagnostics::CheckPropertiesFile(path.c_str(), role, list);
     });
+}
+
+void ChecksTheSystemFile(Attempt& attempt) {
+    const LoadedStore store;
+    Checks(attempt, store.SystemPath(), TEVSystemDiagnostics::FileRole::System);
+}
+
+// A value that is not put right, a key with a known one near it and one without.
+void ChecksAUserFile(Attempt& attempt) {
+    const LoadedStore store("");
+    const tev::test::Folder folder;
+    const std::string path = folder.Write(
+        "checked", "tev.log.level = loud\ntev.lgo.level = x\ntev.quite.another.thing = x\n");
+    Checks(attempt, path, TEVSystemDiagnostics::FileRole::User);
 }
 
 void Plans(Attempt& attempt) {
@@ -121,10 +131,10 @@ void Saves(Attempt& attempt) {
 const AllocatingFunctions diagnoses{
     {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
      "std::vector<TEVSystemDiagnostics::Finding>&)",
-     "system", [](Attempt& attempt) { Checks(attempt, TEVSystemDiagnostics::FileRole::System); }},
+     "system", ChecksTheSystemFile},
     {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
      "std::vector<TEVSystemDiagnostics::Finding>&)",
-     "user", [](Attempt& attempt) { Checks(attempt, TEVSystemDiagnostics::FileRole::User); }},
+     "user", ChecksAUserFile},
     {"TEVSystemDiagnostics::CompareSnapshots(std::shared_ptr<TEVSystemDiagnostics::Tables const> "
      "const&, std::shared_ptr<TEVSystemDiagnostics::Tables const> const&, "
      "std::vector<TEVSystemDiagnostics::Change>&)",

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """coverage-gaps.py ROOT LIST TRACE...: what no test runs is exactly what the reviewed list holds.
 
-A line or a branch counts as run when one of the traces ran it. An entry of the list names a file, a
-function, "line" or "branch" and how many there are; below, indented, the text of the line and the
-reason. Exits with 1 when something else is not run, or something listed is.
+A line or a branch counts as run when one of the traces ran it. The list has blocks: a reason, and
+below it the entries that it stands for. An entry names a file, a function, "line" or "branch" and
+how many there are; below, indented, stands the text of the line. Exits with 1 when something else
+is not run, or something listed is.
 """
 import json
 import pathlib
@@ -52,18 +53,32 @@ def gaps_and_totals(root, traces):
     return gaps, (run_lines, len(runs), run_branches, all_branches)
 
 
+HEAD = re.compile(r"(\S+\.\w+) (.+) (line|branch) (\d+)")
+
+
+def entries_of(block):
+    """The pairs of lines of a block, behind the lines of its reason."""
+    lines = block.splitlines()
+    first = next((i for i, line in enumerate(lines) if HEAD.fullmatch(line)), 0)
+    pairs = list(zip(lines[first::2], lines[first + 1 :: 2]))
+    if first == 0 or (len(lines) - first) % 2 != 0:
+        sys.exit(f"a reason and the entries below it, two lines each, are expected: {lines[0]}")
+    for head, text in pairs:
+        match = HEAD.fullmatch(head)
+        if not match or not text.startswith("    "):
+            sys.exit(f"an entry needs a head and, indented, the line's text: {head}")
+        file, function, kind, count = match.groups()
+        yield (file, function, kind, text.strip()), int(count)
+
+
 def read_list(path):
     entries = {}
     text = "\n".join(line for line in path.read_text().splitlines() if not line.startswith("#"))
     for block in re.split(r"\n\s*\n", text.strip("\n")):
-        lines = block.splitlines()
-        if not lines:
-            continue
-        head = re.fullmatch(r"(\S+) (.+) (line|branch) (\d+)", lines[0])
-        if not head or len(lines) < 3:
-            sys.exit(f"{path}: an entry needs a head, the line's text and a reason: {lines[0]}")
-        file, function, kind, count = head.groups()
-        entries[file, function, kind, lines[1].strip()] = int(count)
+        for entry, count in entries_of(block):
+            if entry in entries:
+                sys.exit(f"listed twice: {' '.join(entry)}")
+            entries[entry] = count
     return entries
 
 

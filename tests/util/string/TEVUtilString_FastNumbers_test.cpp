@@ -127,10 +127,16 @@ TEST(ToString, EdgesAsAStreamWritesThem) {
     }
 }
 
+template <typename... T>
+void ExpectGrouped() {
+    for (const std::string& text : {TEVUtilString::ToString(T{1234567})...})
+        EXPECT_EQ(text, "1'234'567");
+}
+
 TEST(ToString, FollowsTheGlobalLocale) {
     const GlobalLocale locale(new Punctuation(',', "\3"));
     EXPECT_EQ(TEVUtilString::ToString(1234567.5, false, 2), "1'234'567,50");
-    EXPECT_EQ(TEVUtilString::ToString(1234567), "1'234'567");
+    ExpectGrouped<int, unsigned, long, unsigned long, std::int64_t, std::uint64_t>();
     EXPECT_EQ(TEVUtilString::ToString('R', 1234567, 12, false, false), "   1'234'567");
     std::int64_t value = 0;
     EXPECT_TRUE(TEVUtilString::ToInt64("1234567", value));

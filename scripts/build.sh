@@ -89,7 +89,7 @@ test_all() {
     verb_sanitize
     verb_coverage
     verb_seeded
-    verb_fuzz 1800
+    verb_fuzz 600
     verb_mutate
     write_numbers
 }
@@ -113,14 +113,14 @@ test_presets() {
 }
 
 # run_tests PRESET [CTEST_CHOICE...]: adds to passed and failed, in tests of a GoogleTest program and
-# in whole checks.
+# in whole checks. Programs run side by side, as many as test_jobs says; checks run alone.
 run_tests() {
     local preset=$1 dir=$root/build/$1 report lost
     shift
     rm -rf "$dir/reports" "$dir/Testing"
     say "testing ($preset)"
     local broke=0 before=$failed
-    (cd "$root" && ctest --preset "$preset" "$@") || broke=1
+    (cd "$root" && ctest --preset "$preset" -j "${test_jobs:-$(nproc)}" "$@") || broke=1
     local results=$dir/Testing/Temporary/LastTestsFailed.log checks=0 broken=0
     checks=$(cd "$dir" && ctest -N -L check "$@" | sed -n 's/^Total Tests: //p')
     local programs

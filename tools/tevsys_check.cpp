@@ -31,13 +31,17 @@ std::string NotedPath(const char* key) {
     return {};
 }
 
-// The system file's name is noted even when there is none.
+// The system file's name is noted even when there is none. Nobody shall take a file for clean that
+// was not looked at.
 std::vector<std::string> FoundFiles() {
     std::vector<std::string> files;
     for (const char* key :
          {Key::TEV_SYS_PROPERTIES_FILE_NAME, Key::TEV_USER_PROPERTIES_FILE_NAME}) {
         const std::string path = NotedPath(key);
-        if (TAMO::TEV::System::Util::TEVIO::exists(path)) files.push_back(path);
+        if (TAMO::TEV::System::Util::TEVIO::exists(path))
+            files.push_back(path);
+        else
+            std::cerr << "tevsys: note: no " << key << " was found\n";
     }
     return files;
 }

@@ -43,12 +43,11 @@ constexpr Page kPages[] = {
      "  Tells what is odd in properties files, as file:line: severity: text [id]: lines that add\n"
      "  nothing, keys written twice, unknown keys that begin with tev., values that are put "
      "right,\n"
-     "  references that lead nowhere or are put in unexpanded, directives that are ignored. "
-     "Without\n"
-     "  FILE it reads the two files that the store finds. A file named tev.user.properties is "
-     "taken\n"
-     "  for a user file, any other for a system file; its references may lead to the other file,\n"
-     "  the one that the store finds. A note is no finding.\n",
+     "  references that lead nowhere or are put in unexpanded, directives that are ignored.\n"
+     "  Without FILE it reads the two files that the store finds, and says on standard error\n"
+     "  which one was not found. A file named tev.user.properties is taken for a user file, any\n"
+     "  other for a system file; its references may lead to the other file, the one that the\n"
+     "  store finds. A note is no finding.\n",
      "  0  nothing found but notes\n  1  findings\n  2  wrong usage, or a file cannot be read\n",
      "  tevsys check  # 1\n"
      "  tevsys check system/tev.system.properties --json  # 1\n"

@@ -187,8 +187,10 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // Saves the user properties that were set since the store was loaded or last saved by this
     // function, and leaves all else in the user file as it stands: comments, order, references,
     // other lines. The value of the last line of a key is replaced; new keys come at the end. The
-    // new text is written beside the file, read back, and then takes its place at once. `changes`,
-    // if not null, receives the values as written in the file, before and after; it stays empty
+    // new text is written beside the file, read back, flushed to the disk, and then takes its place
+    // at once; rights, attributes and further streams of the old file are not carried over. There
+    // is no lock: of two saves at the same moment the later one may undo the other. `changes`, if
+    // not null, receives the values as written in the file, before and after; it stays empty
     // when nothing need be changed, and the file is then not written.
     //
     // False, with the file and the store as they were, when no user file exists, it cannot be read,

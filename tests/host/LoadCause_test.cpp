@@ -154,6 +154,11 @@ TEST(ConcludeLoad, LenientLoaderDoesNotHideAFault) {
               "(C:\\lib.dll) for the function F, which it does not export.");
 }
 
+TEST(ConcludeLoad, NameOfAFolderIsToldWhole) {
+    EXPECT_EQ(Cause(Problem::ModuleMissing, Named("C:\\kit\\", "", State::Missing), nullptr),
+              "C:\\kit\\ does not load: there is no file C:\\kit\\.");
+}
+
 TEST(ConcludeLoad, WithoutAFault) {
     Explanation explanation;
     explanation.name = "C:\\root.dll";

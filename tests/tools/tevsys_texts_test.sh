@@ -46,6 +46,11 @@ TEV_SYS_CONFIG_DIR=$place\\hidden tevsys check
 exits 2; prints ''; says 'cannot read .*hidden'; says_one_line
 exec 9>&-
 wait "$locker"
+# a file that is not found is not taken for a clean one
+TEV_USER_CONFIG_DIR=$place\\empty tevsys check hidden/tev.system.properties
+exits 0; says_nothing
+TEV_SYS_CONFIG_DIR=$place\\empty tevsys check
+exits 0; says 'note: no tev.system.properties was found'; says_one_line
 
 # colours on a terminal only, and not against NO_COLOR
 on_terminal() {

@@ -107,7 +107,8 @@ bool IsFailedStart(unsigned long code) {
 }
 
 void ConcludeLoad(const ModuleFault& fault, Explanation& explanation) {
-    const std::string name = FileNameOf(explanation.name);
+    const std::string last = FileNameOf(explanation.name);
+    const std::string& name = last.empty() ? explanation.name : last;
     explanation.problem = fault.problem;
     if (fault.problem == Problem::EmptyName) {
         explanation.cause = "Nothing loads: the name is empty.";

@@ -1,6 +1,7 @@
 # Sourced: the verb fuzz.
 
 fuzz_build=$root/build/fuzz
+# At least; for a target with longer committed inputs twice the longest.
 fuzz_max_input=128
 
 verb_fuzz() {
@@ -22,12 +23,21 @@ verb_fuzz() {
     fuzz_report "${targets[@]}" | keep_number fuzz Fuzzing
 }
 
+# fuzz_length TARGET: the longest input to be made.
+fuzz_length() {
+    local longest
+    longest=$(find "$root/tests/fuzz/corpus/$1" -type f -printf '%s\n' | sort -n | tail -n 1)
+    echo $((2 * longest > fuzz_max_input ? 2 * longest : fuzz_max_input))
+}
+export -f fuzz_length
+
 # fuzz_one TARGET SECONDS: what it finds worth keeping goes to build/, not into the tree.
 fuzz_one() {
-    local found=$fuzz_build/corpus/$1
+    local found=$fuzz_build/corpus/$1 length
+    length=$(fuzz_length "$1")
     mkdir -p "$found"
     # A minute, since a busy machine may let a process wait for seconds.
-    "$fuzz_build/bin/fuzz_$1" -max_total_time="$2" -max_len="$fuzz_max_input" -timeout=60 \
+    "$fuzz_build/bin/fuzz_$1" -max_total_time="$2" -max_len="$length" -timeout=60 \
         -report_slow_units=60 -print_final_stats=1 -artifact_prefix="$fuzz_build/findings/$1-" \
         "$found" "$root/tests/fuzz/corpus/$1" >"$fuzz_build/logs/$1" 2>&1 &&
         echo passed >>"$fuzz_build/logs/$1"

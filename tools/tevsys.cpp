@@ -4,6 +4,7 @@
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <functional>
 #include <iostream>
@@ -41,10 +42,12 @@ using tevsys::ToUtf8;
 
 ExitCode Get(const std::string& key) {
     const char* value = nullptr;
-    if (!TEVSystemProperties::GetProperty(key.c_str(), value))
-        return Fail(kFailed, key + " is in no table and no environment variable");
-    std::cout << ToUtf8(value) << '\n';
-    return kDone;
+    for (const std::string& spelling : tevsys::Spellings(key)) {
+        if (!TEVSystemProperties::GetProperty(spelling.c_str(), value)) continue;
+        std::cout << ToUtf8(value) << '\n';
+        return kDone;
+    }
+    return Fail(kFailed, key + " is in no table and no environment variable");
 }
 
 ExitCode List() {
@@ -89,8 +92,11 @@ ExitCode Explain(const std::string& key, const std::vector<std::string>& redacte
     const tevsys::Redactor redactor(redacted);
     if (key.empty()) return ExplainAll(redactor, asJson);
     Diagnostics::Explanation explanation;
-    if (!Diagnostics::ExplainProperty(key.c_str(), explanation))
-        return Fail(kFailed, "there is not enough memory");
+    for (const std::string& spelling : tevsys::Spellings(key)) {
+        if (!Diagnostics::ExplainProperty(spelling.c_str(), explanation))
+            return Fail(kFailed, "there is not enough memory");
+        if (explanation.answer.layer != Diagnostics::Layer::None) break;
+    }
     (asJson ? tevsys::WriteExplanation : tevsys::ShowExplanation)(std::cout, explanation, redactor);
     return explanation.answer.layer == Diagnostics::Layer::None ? kFailed : kDone;
 }
@@ -118,6 +124,7 @@ struct Arguments {
     std::string value;
     std::string uncertainty;
     std::vector<std::string> words;
+    std::vector<std::string> command;
     std::vector<std::string> redacted;
     bool scientific = false;
     bool all = false;
@@ -200,10 +207,12 @@ void AddVerbs(CLI::App& app, Arguments& a) {
         [&a] { return a.dryRun ? tevsys::ShowPlan(a.redacted, a.json) : Env(a.redacted, a.json); });
     env->add_flag("--dry-run", a.dryRun, "Print what the directives would do instead");
     AddShowing(env, a);
-    AddVerb(app, a, "run", "Run a program in the environment that the directives prepare",
-            [&a] { return tevsys::RunProgram(a.words); })
-        ->add_option("COMMAND", a.words, "The program and its arguments, behind --")
-        ->required();
+    AddVerb(app, a, "run", "Run a program in the environment that the directives prepare", [&a] {
+        if (a.command.empty())
+            return static_cast<int>(
+                Fail(kUsage, "COMMAND is required; tevsys run --help tells the usage"));
+        return tevsys::RunProgram(a.command);
+    })->add_option("COMMAND", a.words, "The program and its arguments, behind --");
 
     AddVerb(app, a, "where", "Print where programs, toolkit and documents are", Where);
     AddVerb(app, a, "demo", "Print what a host sees, for people to read", Demo);
@@ -216,13 +225,27 @@ std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error) {
     return words.empty() ? "a verb is required" : "there is no verb " + words.front();
 }
 
-int Run(const std::vector<std::string>& words) {
+// Takes the program and its arguments off the words for the verb run: nothing in them is for this
+// program, nor for the parser, which takes brackets apart.
+std::vector<std::string> TakeCommand(std::vector<std::string>& words) {
+    if (words.size() < 2 || words[1] != "run") return {};
+    const auto start = std::find_if(words.begin() + 2, words.end(), [](const std::string& word) {
+        return word.empty() || word.front() != '-' || word == "--";
+    });
+    const bool isMarked = start != words.end() && *start == "--";
+    std::vector<std::string> command(start + (isMarked ? 1 : 0), words.end());
+    words.erase(start, words.end());
+    return command;
+}
+
+int Run(std::vector<std::string> words) {
     CLI::App app{"Shows and changes the configuration that TEVSystemLib gives to its hosts.",
                  "tevsys"};
     app.allow_windows_style_options(false);  // "/data" is a value
     app.require_subcommand(1);
     app.footer(tevsys::Manual(""));
     Arguments arguments;
+    arguments.command = TakeCommand(words);
     AddVerbs(app, arguments);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend() - 1));
@@ -238,7 +261,7 @@ int Run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main() try {
-    tevsys::PrepareOutput();
+    const tevsys::Output output;
     const int code = Run(tevsys::Utf8Arguments());
     return std::cout.flush() ? code : Fail(kFailed, "could not write the output");
 } catch (const std::exception& error) {

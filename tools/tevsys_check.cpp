@@ -1,6 +1,7 @@
 #include "tools/tevsys_check.h"
 
 #include <TEVSystemLib/system/TEVSysCnst.h>
+#include <TEVSystemLib/util/file/TEVIO.h>
 
 #include <algorithm>
 #include <iostream>
@@ -30,17 +31,35 @@ std::string NotedPath(const char* key) {
     return {};
 }
 
-// Those that can be read; the system file's name is noted even when there is none.
+// The system file's name is noted even when there is none. Nobody shall take a file for clean that
+// was not looked at.
 std::vector<std::string> FoundFiles() {
     std::vector<std::string> files;
-    Findings ignored;
     for (const char* key :
          {Key::TEV_SYS_PROPERTIES_FILE_NAME, Key::TEV_USER_PROPERTIES_FILE_NAME}) {
         const std::string path = NotedPath(key);
-        if (Diagnostics::CheckPropertiesFile(path.c_str(), Diagnostics::FileRole::ByName, ignored))
+        if (TAMO::TEV::System::Util::TEVIO::exists(path))
             files.push_back(path);
+        else
+            std::cerr << "tevsys: note: no " << key << " was found\n";
     }
     return files;
+}
+
+// The name that decides whether a value is hidden. A line without "=" may be a name and its value.
+std::string OwnerOf(const Diagnostics::Finding& finding, const Redactor& redactor) {
+    const std::string first = finding.key.substr(0, finding.key.find_first_of(" \t:"));
+    const bool isFirst = finding.value == finding.key && redactor.Hides(first);
+    return isFirst ? first : finding.key;
+}
+
+std::string MessageOf(const Diagnostics::Finding& finding, const Redactor& redactor) {
+    return redactor.Message(OwnerOf(finding, redactor), finding.value, finding.message);
+}
+
+std::string KeyOf(const Diagnostics::Finding& finding, const Redactor& redactor) {
+    const bool isValue = finding.value == finding.key;
+    return isValue ? redactor.Value(OwnerOf(finding, redactor), finding.key) : ToUtf8(finding.key);
 }
 
 void Show(const Findings& findings, const Redactor& redactor) {
@@ -48,8 +67,7 @@ void Show(const Findings& findings, const Redactor& redactor) {
         const bool isNote = finding.severity == Diagnostics::Severity::Note;
         std::cout << PlaceText(finding.place) << ": "
                   << Painted(isNote ? Colour::Note : Colour::Warning, NameOf(finding.severity))
-                  << ": " << redactor.Message(finding.key, finding.value, finding.message) << " ["
-                  << finding.id << "]\n";
+                  << ": " << MessageOf(finding, redactor) << " [" << finding.id << "]\n";
     }
 }
 
@@ -61,8 +79,8 @@ void WriteFindings(const Findings& findings, const Redactor& redactor) {
         json["line"] = finding.place.line;
         json["severity"] = NameOf(finding.severity);
         json["id"] = finding.id;
-        json["key"] = ToUtf8(finding.key);
-        json["message"] = redactor.Message(finding.key, finding.value, finding.message);
+        json["key"] = KeyOf(finding, redactor);
+        json["message"] = MessageOf(finding, redactor);
         array.push_back(std::move(json));
     }
     Write(std::cout, array);
@@ -77,9 +95,10 @@ ExitCode Check(std::vector<std::string> files, const std::vector<std::string>& r
         return Fail(kUsage,
                     "no properties file was found; name one, or the folders in "
                     "TEV_SYS_CONFIG_DIR and TEV_USER_CONFIG_DIR");
-    const Redactor redactor(redacted);
+    Redactor redactor(redacted);
     Findings findings;
     for (const std::string& file : files) {
+        redactor.AlsoHideThoseOf(file);
         Findings inFile;
         if (!Diagnostics::CheckPropertiesFile(file.c_str(), Diagnostics::FileRole::ByName, inFile))
             return Fail(kUsage, "cannot read " + file);

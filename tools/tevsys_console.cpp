@@ -18,6 +18,13 @@ namespace {
 
 // Set when colours are to be shown.
 std::optional<WORD> plainAttributes;
+// Set when the terminal had another code page.
+std::optional<UINT> formerCodePage;
+
+bool IsTerminal(DWORD stream) {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
+}
 
 WORD AttributesOf(Colour colour) {
     constexpr WORD kYellow = FOREGROUND_RED | FOREGROUND_GREEN;
@@ -40,6 +47,19 @@ WORD AttributesOf(Colour colour) {
 bool IsUtf8(const std::string& text) {
     return text.empty() || MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
                                                static_cast<int>(text.size()), nullptr, 0) > 0;
+}
+
+// Of the UTF-8 character that begins there; 0 when none does.
+std::size_t Utf8Size(const std::string& text, std::size_t at) {
+    for (std::size_t size = 1; size <= 4 && at + size <= text.size(); ++size)
+        if (IsUtf8(text.substr(at, size))) return size;
+    return 0;
+}
+
+void AppendLatin1(std::string& text, char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    text += static_cast<char>(0xC0 | (byte >> 6));
+    text += static_cast<char>(0x80 | (byte & 0x3F));
 }
 
 std::string FromWide(const wchar_t* wide) {
@@ -71,16 +91,25 @@ std::vector<std::string> Utf8Arguments() {
 std::string ToUtf8(const std::string& text) {
     if (IsUtf8(text)) return text;
     std::string converted;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80) {
-            converted += c;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t size = Utf8Size(text, at);
+        if (size == 0) {
+            AppendLatin1(converted, text[at++]);
         } else {
-            converted += static_cast<char>(0xC0 | (byte >> 6));
-            converted += static_cast<char>(0x80 | (byte & 0x3F));
+            converted.append(text, at, size);
+            at += size;
         }
     }
     return converted;
+}
+
+std::vector<std::string> Spellings(const std::string& utf8) {
+    std::string latin1;
+    for (const wchar_t c : ToWide(utf8)) {
+        if (c > 0xFF) return {utf8};
+        latin1 += static_cast<char>(c);
+    }
+    return latin1 == utf8 ? std::vector{utf8} : std::vector{utf8, latin1};
 }
 
 std::wstring ToWide(const std::string& utf8) {
@@ -92,14 +121,26 @@ std::wstring ToWide(const std::string& utf8) {
     return wide;
 }
 
-void PrepareOutput() {
+Output::Output() {
     // Lines end with LF only, for scripts.
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
+    if (IsTerminal(STD_OUTPUT_HANDLE) || IsTerminal(STD_ERROR_HANDLE)) {
+        formerCodePage = GetConsoleOutputCP();
+        SetConsoleOutputCP(CP_UTF8);
+    }
     CONSOLE_SCREEN_BUFFER_INFO terminal{};
-    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &terminal) == 0) return;
-    SetConsoleOutputCP(CP_UTF8);
-    if (std::getenv("NO_COLOR") == nullptr) plainAttributes = terminal.wAttributes;
+    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &terminal) != 0 &&
+        std::getenv("NO_COLOR") == nullptr)
+        plainAttributes = terminal.wAttributes;
+}
+
+Output::~Output() { GiveBack(); }
+
+void Output::GiveBack() {
+    std::cout.flush();
+    if (formerCodePage) SetConsoleOutputCP(*formerCodePage);
+    formerCodePage.reset();
 }
 
 // Not by control sequences: not every console reads them.

@@ -16,13 +16,25 @@ ExitCode Fail(ExitCode code, const std::string& reason);
 // The arguments of this program in UTF-8.
 std::vector<std::string> Utf8Arguments();
 
-// UTF-8 as it stands; any other text is taken for Latin-1.
+// UTF-8 as it stands, other bytes as Latin-1: files and variables meet in one text.
 std::string ToUtf8(const std::string& text);
+
+// The keys under which a name may be stored: as the files hold it, or as variables are named.
+std::vector<std::string> Spellings(const std::string& utf8);
 
 std::wstring ToWide(const std::string& utf8);
 
-// Prepares standard output: bytes as they are; UTF-8 and colours if it is a terminal.
-void PrepareOutput();
+// Prepares the output: bytes as they are; UTF-8 and colours on a terminal.
+class Output {
+ public:
+    Output();
+    ~Output();
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    // The terminal becomes what it was, for a program that runs in it.
+    static void GiveBack();
+};
 
 enum class Colour { Plain, Key, Good, Warning, Note };
 

@@ -86,7 +86,7 @@ const char* NameOf(Problem problem) {
     return "none";
 }
 
-// As the loader takes names.
+// As the loader takes names; what the code page lacks is replaced.
 std::string ToAnsi(const std::string& utf8) {
     const std::wstring wide = ToWide(utf8);
     const auto convert = [&wide](char* out, int size) {
@@ -96,6 +96,15 @@ std::string ToAnsi(const std::string& utf8) {
     std::string ansi(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
     convert(ansi.data(), static_cast<int>(ansi.size()));
     return ansi;
+}
+
+bool IsAnsi(const std::string& utf8) {
+    const std::string ansi = ToAnsi(utf8);
+    const std::wstring wide = ToWide(utf8);
+    std::wstring back(wide.size(), L'\0');
+    const int size = MultiByteToWideChar(CP_ACP, 0, ansi.data(), static_cast<int>(ansi.size()),
+                                         back.data(), static_cast<int>(back.size()));
+    return static_cast<std::size_t>(size) == wide.size() && back == wide;
 }
 
 std::string Line(const Module& module) {
@@ -143,7 +152,8 @@ void ShowTree(std::ostream& out, const Explanation& explanation) {
         ShowBranches(out, explanation.module, "");
         ShowFolders(out, explanation);
         if (!explanation.isLoaded)
-            out << "\nThe system says: " << explanation.code << ", " << explanation.message << '\n';
+            out << "\nThe system says: " << explanation.code
+                << (explanation.message.empty() ? "" : ", ") << explanation.message << '\n';
         out << '\n';
     }
     out << explanation.cause << '\n';
@@ -173,6 +183,7 @@ Json ToJson(const Explanation& explanation) {
                 {"message", explanation.message},
                 {"pathConsulted", explanation.isPathConsulted},
                 {"onPath", explanation.onPath},
+                {"beside", explanation.beside},
                 {"folders", folders},
                 {"ignoredDirectories", explanation.ignoredDirectories},
                 {"module", ToJson(explanation.module)}};
@@ -182,6 +193,13 @@ Json ToJson(const Explanation& explanation) {
 
 ExitCode Doctor(const std::string& module, const std::vector<std::string>& directories,
                 bool asJson) {
+    std::vector<std::string> names = directories;
+    names.push_back(module);
+    for (const std::string& name : names)
+        if (!IsAnsi(name))
+            return Fail(kFailed, "cannot ask for " + name +
+                                     ": the loader takes names in this system's code page, which "
+                                     "lacks a character of it");
     std::vector<std::string> folders(directories.size());
     std::transform(directories.begin(), directories.end(), folders.begin(), ToAnsi);
     std::vector<const char*> dirs(folders.size());

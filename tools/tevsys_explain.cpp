@@ -82,11 +82,23 @@ class Lines {
     std::string last_;
 };
 
-std::string ReferenceText(const Diagnostics::Reference& reference, const Redactor& redactor) {
-    const std::string name = '%' + ToUtf8(reference.name) + '%';
+// A reference is a part of the value in which it stands.
+std::string NameIn(const std::string& key, const Diagnostics::Reference& reference,
+                   const Redactor& redactor) {
+    return redactor.Hides(key) ? redactor.Value(key, reference.name) : ToUtf8(reference.name);
+}
+
+std::string ValueIn(const std::string& key, const Diagnostics::Reference& reference,
+                    const Redactor& redactor) {
+    return redactor.Value(redactor.Hides(key) ? key : reference.name, reference.value);
+}
+
+std::string ReferenceText(const std::string& key, const Diagnostics::Reference& reference,
+                          const Redactor& redactor) {
+    const std::string name = '%' + NameIn(key, reference, redactor) + '%';
     if (reference.fate == Fate::Unresolved)
         return name + " is in no table and no environment variable, and stays";
-    std::string text = name + " = " + redactor.Value(reference.name, reference.value) + "  (" +
+    std::string text = name + " = " + ValueIn(key, reference, redactor) + "  (" +
                        Origin(reference.layer, reference.place) + ')';
     if (reference.fate == Fate::ToItself) text += ", its own text, unexpanded";
     if (reference.fate == Fate::ExpandedLater) text += ", expanded later, so put in unexpanded";
@@ -106,7 +118,7 @@ void ShowAnswer(Lines& lines, const Diagnostics::Explanation& e, const Redactor&
     lines.Add("from", Origin(answer.layer, answer.place));
     if (answer.written != answer.value) lines.Add("written", redactor.Value(e.key, answer.written));
     for (const auto& reference : e.references)
-        lines.Add("references", ReferenceText(reference, redactor));
+        lines.Add("references", ReferenceText(e.key, reference, redactor));
     if (e.expanded != answer.written && e.expanded != answer.value)
         lines.Add("expanded", redactor.Value(e.key, e.expanded));
     if (e.correction != Correction::None) lines.Add("put right", CorrectionText(e, redactor));
@@ -128,13 +140,14 @@ Json ToJson(const Diagnostics::Source& source, const std::string& key, const Red
     return json;
 }
 
-Json ToJson(const Diagnostics::Reference& reference, const Redactor& redactor) {
+Json ToJson(const std::string& key, const Diagnostics::Reference& reference,
+            const Redactor& redactor) {
     Json json;
-    json["name"] = ToUtf8(reference.name);
+    json["name"] = NameIn(key, reference, redactor);
     json["fate"] = NameOf(reference.fate);
     json["layer"] = LayerName(reference.layer);
     json.update(Located(reference.place));
-    json["value"] = redactor.Value(reference.name, reference.value);
+    json["value"] = ValueIn(key, reference, redactor);
     return json;
 }
 
@@ -146,7 +159,7 @@ Json ToJson(const Diagnostics::Explanation& e, const Redactor& redactor) {
     json["correction"] = NameOf(e.correction);
     json["references"] = Json::array();
     for (const auto& reference : e.references)
-        json["references"].push_back(ToJson(reference, redactor));
+        json["references"].push_back(ToJson(e.key, reference, redactor));
     json["losers"] = Json::array();
     for (const auto& loser : e.losers) json["losers"].push_back(ToJson(loser, e.key, redactor));
     json["directives"] = Json::array();

@@ -43,12 +43,11 @@ constexpr Page kPages[] = {
      "  Tells what is odd in properties files, as file:line: severity: text [id]: lines that add\n"
      "  nothing, keys written twice, unknown keys that begin with tev., values that are put "
      "right,\n"
-     "  references that lead nowhere or are put in unexpanded, directives that are ignored. "
-     "Without\n"
-     "  FILE it reads the two files that the store finds. A file named tev.user.properties is "
-     "taken\n"
-     "  for a user file, any other for a system file; its references may lead to the other file,\n"
-     "  the one that the store finds. A note is no finding.\n",
+     "  references that lead nowhere or are put in unexpanded, directives that are ignored.\n"
+     "  Without FILE it reads the two files that the store finds, and says on standard error\n"
+     "  which one was not found. A file named tev.user.properties is taken for a user file, any\n"
+     "  other for a system file; its references may lead to the other file, the one that the\n"
+     "  store finds. A note is no finding.\n",
      "  0  nothing found but notes\n  1  findings\n  2  wrong usage, or a file cannot be read\n",
      "  tevsys check  # 1\n"
      "  tevsys check system/tev.system.properties --json  # 1\n"
@@ -59,9 +58,9 @@ constexpr Page kPages[] = {
      "  wrong; the folders that are searched, in order; what the system says; and the cause, as "
      "the\n"
      "  last line. The module is really loaded, as a host would load it with LoadModule, and\n"
-     "  released: its start routine runs. This program's folder and its loaded modules stand in "
-     "for\n"
-     "  the host's.\n",
+     "  released: its start routine runs, and one that ends the process ends tevsys. This "
+     "program's\n"
+     "  folder and its loaded modules stand in for the host's.\n",
      "  0  it loads\n  1  it does not load, or something in it is wrong\n  2  wrong usage\n",
      "  tevsys doctor kernel32\n"
      "  tevsys doctor kernel32 --json\n"
@@ -72,7 +71,8 @@ constexpr Page kPages[] = {
      "  all other lines stay as they are. The new text is written beside the file and takes its\n"
      "  place at once: when anything fails, the old file is still there. The user file must "
      "exist.\n"
-     "  Write -- before KEY when the value begins with -.\n",
+     "  Write -- before KEY when the value begins with -. When check finds something in the new\n"
+     "  line, it is told as a warning.\n",
      "  0  set\n  1  not set\n  2  wrong usage, or what a line cannot hold\n",
      "  tevsys set demo.theme grey\n"
      "  tevsys set -- demo.offset -5\n"
@@ -89,11 +89,13 @@ constexpr Page kPages[] = {
      "  tevsys env --dry-run --json --redact 'DEMO_*'  # 1\n"},
     {"run",
      "  Starts a program as a host would: in this environment, changed by the system file's\n"
-     "  directives. It is searched for in the current folder, in the system's folders and in "
-     "PATH.\n"
-     "  Write -- before PROGRAM, so that its options are not taken for options of tevsys.\n",
+     "  directives. It is searched for in the folder of tevsys, the current folder, the system's\n"
+     "  folders and those of PATH. All behind its name is its own; write -- before PROGRAM when\n"
+     "  its name begins with -. The arguments of a batch file are read by cmd, to which\n"
+     "  & | < > ^ % , ; = are more than text.\n",
      "  The program's own; 127 when it cannot be started, 2 for wrong usage.\n",
      "  tevsys run -- tevsys get demo.title\n"
+     "  tevsys run tevsys explain demo.title --json\n"
      "  tevsys run -- cmd /c exit 3  # 3\n"
      "  tevsys run -- no-such-program  # 127\n"},
     {"where",

@@ -1,8 +1,10 @@
 #include "tools/tevsys_redact.h"
 
+#include <TEVSystemLib/util/file/TEVUtilFile.h>
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "tools/tevsys_console.h"
@@ -12,6 +14,7 @@ namespace tevsys {
 
 namespace {
 
+using TAMO::TEV::System::Util::TEVUtilFile;
 using TAMO::TEV::System::Util::TEVUtilString;
 
 constexpr char kHidden[] = "[hidden]";
@@ -34,6 +37,11 @@ bool Matches(std::string_view pattern, std::string_view name) {
     return name.empty();
 }
 
+// What is not known cannot be hidden.
+void Require(bool isKnown) {
+    if (!isKnown) throw std::bad_alloc();
+}
+
 std::string Lower(const std::string& text) { return TEVUtilString::ToLower(text); }
 
 }  // namespace
@@ -44,6 +52,13 @@ Redactor::Redactor(std::vector<std::string> patterns)
     if (patterns_.empty()) return;
     HideConfigured();
     HideVariables();
+}
+
+void Redactor::AlsoHideThoseOf(const std::string& file) {
+    Table pairs;
+    if (!patterns_.empty()) TEVUtilFile::GetKeyValuePairsFromFile(file, pairs, false);
+    for (const auto& [key, value] : pairs)
+        if (Hides(key)) Hide(value);
 }
 
 bool Redactor::Hides(const std::string& name) const {
@@ -57,10 +72,13 @@ std::string Redactor::Value(const std::string& name, const std::string& value) c
 
 std::string Redactor::Message(const std::string& name, const std::string& value,
                               const std::string& message) const {
-    const std::size_t at = value.empty() ? std::string::npos : message.find(value);
-    if (at == std::string::npos) return ToUtf8(message);
-    return ToUtf8(message.substr(0, at)) + Value(name, value) +
-           ToUtf8(message.substr(at + value.size()));
+    if (value.empty()) return ToUtf8(message);
+    const std::size_t quote = message.find('"' + value + '"');
+    // Without quotes it begins with a reference, a name of its own.
+    if (quote == std::string::npos)
+        return Hides(name) ? kHidden + ToUtf8(message.substr(value.size())) : ToUtf8(message);
+    return ToUtf8(message.substr(0, quote + 1)) + Value(name, value) +
+           ToUtf8(message.substr(quote + 1 + value.size()));
 }
 
 std::string Redactor::Text(const std::string& text) const {
@@ -78,7 +96,7 @@ void Redactor::Hide(const std::string& value) {
 
 void Redactor::HideConfigured() {
     std::vector<Diagnostics::Explanation> explanations;
-    Diagnostics::ExplainProperties(explanations);
+    Require(Diagnostics::ExplainProperties(explanations));
     for (const auto& explanation : explanations) {
         if (!Hides(explanation.key)) continue;
         Hide(explanation.answer.written);
@@ -95,7 +113,7 @@ void Redactor::HideVariables() {
     for (const auto& [name, value] : EnvironmentVariables())
         if (Hides(name)) Hide(value);
     std::vector<Diagnostics::DirectiveStep> steps;
-    Diagnostics::PlanEnvironmentDirectives(steps);
+    Require(Diagnostics::PlanEnvironmentDirectives(steps));
     for (const auto& step : steps) {
         if (!Hides(step.key) && !Hides(step.variable)) continue;
         Hide(step.value);

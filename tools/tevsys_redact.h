@@ -16,11 +16,13 @@ class Redactor {
  public:
     // Patterns hold "*" for any text and "?" for any character; case does not count.
     explicit Redactor(std::vector<std::string> patterns);
+    // Hides what a properties file has under such names as well.
+    void AlsoHideThoseOf(const std::string& file);
 
     bool Hides(const std::string& name) const;
     // A value that belongs to a name.
     std::string Value(const std::string& name, const std::string& value) const;
-    // A message that may quote a value of that name, once.
+    // A message that may show a value of that name: in quotes, or a reference at its beginning.
     std::string Message(const std::string& name, const std::string& value,
                         const std::string& message) const;
 

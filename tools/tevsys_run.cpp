@@ -3,8 +3,6 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <windows.h>
 
-#include <iostream>
-
 #include "tools/tevsys_console.h"
 
 namespace tevsys {
@@ -43,7 +41,7 @@ BOOL WINAPI Ignore(DWORD) { return TRUE; }
 
 int RunProgram(const std::vector<std::string>& command) {
     TAMO::TEV::System::TEVSystemProperties::InitializeProperties();
-    std::cout.flush();
+    Output::GiveBack();
     std::wstring line = CommandLine(command);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;

@@ -4,6 +4,9 @@
 #include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 
+#include <iostream>
+
+#include "tools/tevsys_console.h"
 #include "tools/tevsys_store.h"
 
 namespace tevsys {
@@ -32,6 +35,16 @@ std::string WhyNotStorable(const std::string& key, const std::string& value) {
     return {};
 }
 
+// What check would say of the key's line.
+void Warn(const std::string& file, const std::string& key) {
+    std::vector<TEVSystemDiagnostics::Finding> findings;
+    TEVSystemDiagnostics::CheckPropertiesFile(file.c_str(), TEVSystemDiagnostics::FileRole::User,
+                                              findings);
+    for (const auto& finding : findings)
+        if (finding.key == key && finding.severity == TEVSystemDiagnostics::Severity::Warning)
+            std::cerr << "tevsys: warning: " << ToUtf8(finding.message) << '\n';
+}
+
 }  // namespace
 
 ExitCode Set(const std::string& key, const std::string& value) {
@@ -47,6 +60,7 @@ ExitCode Set(const std::string& key, const std::string& value) {
         return Fail(kFailed, "nothing set: could not replace " + file->second +
                                  ", which is as it was; make it and its folder writable or free "
                                  "some disk space, and set again");
+    Warn(file->second, key);
     return kDone;
 }
 

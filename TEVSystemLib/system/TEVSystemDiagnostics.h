@@ -92,7 +92,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::string value;
         Outcome outcome = Outcome::Ignored;
         std::string reason;            // why it changes nothing
-        bool isFolderMissing = false;  // the reason then ends with the value
+        bool isFolderMissing = false;  // the reason then ends with the value, in quotes
         std::optional<std::string> before;
         std::optional<std::string> after;
     };
@@ -141,7 +141,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         Severity severity = Severity::Warning;
         std::string id;     // "duplicate-key": for programs
         std::string key;    // empty for a line without one
-        std::string value;  // what the message quotes of a value, as it stands there
+        std::string value;  // what the message shows of a value: in quotes, or at its beginning
         std::string message;
     };
 
@@ -188,8 +188,10 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // Saves the user properties that were set since the store was loaded or last saved by this
     // function, and leaves all else in the user file as it stands: comments, order, references,
     // other lines. The value of the last line of a key is replaced; new keys come at the end. The
-    // new text is written beside the file, read back, and then takes its place at once. `changes`,
-    // if not null, receives the values as written in the file, before and after; it stays empty
+    // new text is written beside the file, read back, flushed to the disk, and then takes its place
+    // at once; rights, attributes and further streams of the old file are not carried over. There
+    // is no lock: of two saves at the same moment the later one may undo the other. `changes`, if
+    // not null, receives the values as written in the file, before and after; it stays empty
     // when nothing need be changed, and the file is then not written.
     //
     // False, with the file and the store as they were, when no user file exists, it cannot be read,
@@ -262,7 +264,7 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         FunctionMissing,
         NotAModule,
         OtherMachine,
-        StartRefused,  // a start routine (DllMain) gave FALSE
+        StartRefused,  // a start routine (DllMain) gave FALSE, or did not come to its end
         Unexplained    // the system refuses it, and nothing wrong is seen
     };
 
@@ -285,19 +287,22 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
         std::string culprit;
         // Where a missing module lies in a folder of PATH that was not consulted.
         std::string onPath;
+        // Where it lies beside the module that asks for it, in a folder that was not searched.
+        std::string beside;
         // One sentence.
         std::string cause;
     };
 
     // Why TEVUtilWindows::LoadModule, in its text form, loads a module or does not; the arguments
     // are the same. Reads the files of the module and of all that it needs, then LOADS THE MODULE
-    // and releases it: its start routine runs, and when it refuses, so do those of the modules that
-    // it needs. Where PATH is not consulted, the code form with a code tries the ordinary search as
-    // well; ask without directories for that one.
+    // and releases it: its start routine runs, and when nothing wrong is seen in the files, so do
+    // those of the modules that it needs, one by one. Where PATH is not consulted, the code form
+    // with a code tries the ordinary search as well; ask without directories for that one.
     //
     // A module that is loaded in this process already is found there, as by the loader. Directories
-    // that the process has added by itself are not known here. Threads: as
-    // TEVUtilWindows::LoadModule.
+    // that the process has added by itself are not known here, nor that SetDllDirectory("") has
+    // left out the current folder: the system does not tell. A start routine that ends the process
+    // ends it. Threads: as TEVUtilWindows::LoadModule.
     //
     // False, with the explanation empty, when memory is exhausted or a text does not convert.
     static bool ExplainLoadFailure(char const* name, char const** dirs, std::uint64_t count,

@@ -25,8 +25,6 @@ using Util::detail::ToUtf8;
 using LoadExplanation = TEVSystemDiagnostics::LoadExplanation;
 using Problem = TEVSystemDiagnostics::LoadProblem;
 
-constexpr unsigned long kStartRefused = 1114;
-
 // A question to the loader, in the code page in which it is put.
 struct Question {
     std::string name;
@@ -79,28 +77,34 @@ void DescribeSearch(const Question& question, const detail::LoaderFacts& facts,
                   facts, Utf8(Util::detail::AcceptedFolders(question.directories)));
 }
 
-std::string OnPath(const detail::ModuleFault& fault, const detail::LoaderFacts& facts,
-                   const LoadExplanation& explanation) {
-    if (fault.problem != Problem::ModuleMissing || explanation.isPathConsulted) return {};
-    const auto place =
-        detail::FindModule(fault.culprit->name, detail::OrdinaryFolders(facts), facts);
-    return place ? place->file : std::string();
+// Where else a missing module lies.
+void FindElsewhere(const detail::ModuleFault& fault, const detail::LoaderFacts& facts,
+                   LoadExplanation& explanation) {
+    if (fault.problem != Problem::ModuleMissing) return;
+    const auto file = [&](const detail::SearchedFolders& folders) {
+        const auto place = detail::FindModule(fault.culprit->name, folders, facts);
+        return place ? place->file : std::string();
+    };
+    if (!explanation.isPathConsulted) explanation.onPath = file(detail::PathFolders(facts));
+    if (fault.parent != nullptr) explanation.beside = file(detail::FolderBeside(*fault.parent));
 }
 
-// Which of the modules refuses: asked one by one, those that are needed first.
-detail::ModuleFault RefusedStart(const LoadExplanation& explanation, const Question& question) {
+// Which of the modules does not start: asked one by one, those that are needed first.
+detail::ModuleFault FailedStart(const LoadExplanation& explanation, const Question& question) {
     const TEVSystemDiagnostics::Module& root = explanation.module;
+    const bool isStart = detail::IsFailedStart(explanation.code);
+    const Problem problem = isStart ? Problem::StartRefused : Problem::Unexplained;
     for (const auto* module : detail::StartOrder(root))
-        if (Load(ToAnsi(FromUtf8(module->file)), question).code == kStartRefused)
-            return {Problem::StartRefused, module, module == &root ? nullptr : &root};
-    return {Problem::Unexplained, &root, nullptr};
+        if (module != &root &&
+            Load(ToAnsi(FromUtf8(module->file)), question).code == explanation.code)
+            return {problem, module, &root};
+    return {problem, &root, nullptr};
 }
 
 detail::ModuleFault FaultOfTheLoad(const LoadExplanation& explanation, const Question& question) {
     const auto fault = detail::FirstFault(explanation.module);
     if (fault.problem != Problem::None || explanation.isLoaded) return fault;
-    if (explanation.code == kStartRefused) return RefusedStart(explanation, question);
-    return {Problem::Unexplained, &explanation.module, nullptr};
+    return FailedStart(explanation, question);
 }
 
 void Explain(const Question& question, LoadExplanation& explanation) {
@@ -115,7 +119,7 @@ void Explain(const Question& question, LoadExplanation& explanation) {
     explanation.code = answer.code;
     if (!explanation.isLoaded) explanation.message = detail::SystemText(explanation.code);
     const auto fault = FaultOfTheLoad(explanation, question);
-    explanation.onPath = OnPath(fault, facts, explanation);
+    FindElsewhere(fault, facts, explanation);
     detail::ConcludeLoad(fault, explanation);
 }
 

@@ -38,7 +38,9 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     static bool GetPropertyAsBool(bool& value, const char* key);
 
     // Sets a user property in memory; the value is stored as it stands. A null key counts as empty.
-    // False, with nothing changed, for a null value or when memory is exhausted.
+    // False, with nothing changed, for a null value or when memory is exhausted. Besides the table
+    // it notes the key, once, for TEVSystemDiagnostics::SaveUserPropertiesPreserving: one more
+    // lookup and copy of the key, until that save or the next load.
     static bool SetUserProperty(const char* key, const char* value);
 
     // Writes the user table as sorted "key = value" lines over the existing user file. Comments in

@@ -121,20 +121,40 @@ TEST_F(FaithfulSave, WhatIsLostOnClosingIsSeen) {
     ExpectOld();
 }
 
-class FaithfulSaveOnDisk : public StoreFixture {};
+class FaithfulSaveOnDisk : public StoreFixture {
+ protected:
+    FaithfulSaveOnDisk() {
+        Load(std::nullopt, "a = old\n");
+        Store::SetUserProperty("a", "new");
+    }
+
+    // The old file is kept while a call is refused, and is replaced when it is not.
+    template <typename Call, typename Result>
+    void ExpectKeptWhileRefused(Call& call, Result refusal) {
+        {
+            const auto refused = Fail(call, refusal, ERROR_ACCESS_DENIED);
+            EXPECT_FALSE(Save());
+            EXPECT_EQ(ReadAll(user_ / kUserFile), "a = old\n");
+            const std::filesystem::directory_iterator files(user_.Path());
+            EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing is left beside it";
+        }
+        EXPECT_TRUE(Save());
+        EXPECT_EQ(ReadAll(user_ / kUserFile), "a = new\n");
+    }
+};
+
+namespace calls = tev::fault::calls;
 
 TEST_F(FaithfulSaveOnDisk, ARefusedMoveKeepsTheOldFile) {
-    Load(std::nullopt, "a = old\n");
-    Store::SetUserProperty("a", "new");
-    {
-        const auto refused = Fail(tev::fault::calls::MoveFileExW, FALSE, ERROR_ACCESS_DENIED);
-        EXPECT_FALSE(Save());
-        EXPECT_EQ(ReadAll(user_ / kUserFile), "a = old\n");
-        const std::filesystem::directory_iterator files(user_.Path());
-        EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing is left beside it";
-    }
-    EXPECT_TRUE(Save());
-    EXPECT_EQ(ReadAll(user_ / kUserFile), "a = new\n");
+    ExpectKeptWhileRefused(calls::MoveFileExW, FALSE);
+}
+
+TEST_F(FaithfulSaveOnDisk, ContentThatDoesNotReachTheDiskKeepsTheOldFile) {
+    ExpectKeptWhileRefused(calls::FlushFileBuffers, FALSE);
+}
+
+TEST_F(FaithfulSaveOnDisk, AFileThatCannotBeOpenedToReachTheDiskKeepsTheOldFile) {
+    ExpectKeptWhileRefused(calls::CreateFileW, INVALID_HANDLE_VALUE);
 }
 
 }  // namespace

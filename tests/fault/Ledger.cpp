@@ -127,8 +127,13 @@ void WatchModules() {
     calls::LoadLibraryExW.WatchAfter([](HMODULE module, auto...) { Lend(Loan::Module, module); });
     calls::FreeLibrary.WatchAfter([](BOOL, HMODULE module) { GiveBack(Loan::Module, module); });
     calls::OpenProcess.WatchAfter([](HANDLE process, auto...) { Lend(Loan::Process, process); });
+    calls::CreateFileW.WatchAfter([](HANDLE file, auto...) {
+        if (file != INVALID_HANDLE_VALUE) Lend(Loan::File, file);
+    });
     // The tests close handles of other kinds as well.
-    calls::CloseHandle.WatchAfter([](BOOL, HANDLE handle) { Forget(Loan::Process, handle); });
+    calls::CloseHandle.WatchAfter([](BOOL, HANDLE handle) {
+        if (!Forget(Loan::Process, handle)) Forget(Loan::File, handle);
+    });
 }
 
 void WatchMemory() {

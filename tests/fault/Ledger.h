@@ -19,13 +19,14 @@ enum class Loan : std::size_t {
     EnvironmentBlock,
     TaskMemory,
     RpcString,
+    File,
 };
 
 struct Loans {
     static constexpr std::array kNames{
         "BSTRs",        "arrays",    "locks of arrays", "DLL search folders", "modules",
         "local memory", "processes", "file listings",   "environment blocks", "task memory",
-        "RPC strings",
+        "RPC strings",  "files",
     };
 
     std::ptrdiff_t Of(Loan kind) const { return live[static_cast<std::size_t>(kind)]; }

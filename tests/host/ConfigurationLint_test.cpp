@@ -114,6 +114,26 @@ TEST(Lint, SaysWhatIsMeant) {
     }
 }
 
+TEST(Lint, SaysWhereAMessageShowsAValue) {
+    const struct {
+        const char *text, *value, *start;
+    } rows[] = {
+        {"db.password swordfish", "db.password swordfish", "\""},
+        {"a=%nope%", "%nope%", ""},
+        {"a=%a%", "%a%", ""},
+        {"a=%b%\nb=%L%", "%b%", ""},
+        {"tev.log.level=is", "is", "\""},
+        {"tev.env.add.path.1=L|e", "e", "the directive is ignored: there is no such folder: \""},
+        {"tev.env.add.1=X|x", "", ""},
+    };
+    for (const auto& row : rows) {
+        const auto findings = Lint(Models(kVariables).Make(row.text), Table::System);
+        ASSERT_EQ(findings.size(), 1U) << row.text;
+        EXPECT_EQ(findings[0].value, row.value);
+        EXPECT_EQ(findings[0].message.find(row.start + findings[0].value), 0U) << row.text;
+    }
+}
+
 TEST(Lint, CallsOnlyARewrittenSwitchANote) {
     const auto findings =
         Lint(Models().Make("tev.logging.status=on\ntev.log.level=x\n"), Table::System);

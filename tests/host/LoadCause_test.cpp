@@ -39,7 +39,7 @@ std::string Cause(Problem problem, const Module& culprit, const Module* parent,
                   const std::string& onPath = {}, bool isLoaded = false) {
     Explanation explanation;
     explanation.name = parent == nullptr ? culprit.name : "C:\\root.dll";
-    explanation.code = 1;
+    explanation.code = problem == Problem::StartRefused ? 1114 : 1;
     explanation.message = "A message.";
     explanation.onPath = onPath;
     explanation.isLoaded = isLoaded;
@@ -73,6 +73,10 @@ TEST(ConcludeLoad, NamesTheCulpritBelow) {
          "for 64-bit x64."},
         {Problem::StartRefused, Named("lib.dll", "C:\\lib.dll"),
          "the start routine (DllMain) of lib.dll (C:\\lib.dll) refuses this process."},
+        {Problem::Unexplained, Named("lib.dll", "C:\\lib.dll"),
+         "nothing wrong is seen in the files; lib.dll (C:\\lib.dll) does not load by itself "
+         "either; "
+         "the system gives the code 1, A message."},
     };
     for (const auto& row : rows)
         EXPECT_EQ(Cause(row.problem, row.culprit, &kRoot),
@@ -109,10 +113,50 @@ TEST(ConcludeLoad, TellsThatPathIsNotConsulted) {
               "is not consulted.");
 }
 
+TEST(ConcludeLoad, TellsThatTheFolderOfAModuleIsNotSearched) {
+    const Module culprit = Named("lib.dll", "", State::Missing);
+    Explanation explanation;
+    explanation.name = kRoot.name;
+    explanation.beside = "C:\\One\\lib.dll";
+    ConcludeLoad({Problem::ModuleMissing, &culprit, &kRoot}, explanation);
+    EXPECT_EQ(explanation.cause,
+              "root.dll does not load: lib.dll, which root.dll needs, is in none of the folders "
+              "searched; it lies beside root.dll in C:\\One\\, but the folder of a module is not "
+              "searched for what it needs.");
+}
+
+TEST(ConcludeLoad, TellsOfAStartThatRaisesAnException) {
+    Explanation explanation;
+    explanation.name = kRoot.name;
+    explanation.code = 0xE06D7363;
+    ConcludeLoad({Problem::StartRefused, &kRoot, nullptr}, explanation);
+    EXPECT_EQ(explanation.cause,
+              "root.dll does not load: its start routine (DllMain) does not come to its end; the "
+              "system gives the code 3765269347.");
+    explanation.code = 998;
+    explanation.message = "No access.";
+    ConcludeLoad({Problem::StartRefused, &kRoot, nullptr}, explanation);
+    EXPECT_EQ(explanation.cause,
+              "root.dll does not load: its start routine (DllMain) does not come to its end; the "
+              "system gives the code 998, No access.");
+}
+
+TEST(IsFailedStart, ByTheCode) {
+    for (const unsigned long code : {998UL, 1001UL, 1114UL, 0xC0000005UL, 0xE06D7363UL})
+        EXPECT_TRUE(IsFailedStart(code)) << code;
+    for (const unsigned long code : {2UL, 5UL, 126UL, 127UL, 193UL, 14001UL, 65535UL})
+        EXPECT_FALSE(IsFailedStart(code)) << code;
+}
+
 TEST(ConcludeLoad, LenientLoaderDoesNotHideAFault) {
     EXPECT_EQ(Cause(Problem::FunctionMissing, Lacking({{"F", ""}}), &kRoot, {}, true),
               "root.dll loads here, but not where the loader is strict: root.dll asks lib.dll "
               "(C:\\lib.dll) for the function F, which it does not export.");
+}
+
+TEST(ConcludeLoad, NameOfAFolderIsToldWhole) {
+    EXPECT_EQ(Cause(Problem::ModuleMissing, Named("C:\\kit\\", "", State::Missing), nullptr),
+              "C:\\kit\\ does not load: there is no file C:\\kit\\.");
 }
 
 TEST(ConcludeLoad, WithoutAFault) {

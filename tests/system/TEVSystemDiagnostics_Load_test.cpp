@@ -9,6 +9,7 @@
 #include "support/Environment.h"
 #include "support/Folder.h"
 #include "support/PeFile.h"
+#include "system/StoreFixture.h"
 #include "util/windows/LoadFixture.h"
 
 namespace {
@@ -59,6 +60,7 @@ class ExplainLoadFailure : public ::testing::Test {
 TEST_F(ExplainLoadFailure, NamesTheCulprit) {
     Copy("tevmiddle");
     Copy("tevrefusingmore");
+    Copy("tevraisingmore");
     CopyTo(folder_ / "tevneeded.dll", Fixture("tevneeded\\tevneeded.dll"));
     tev::test::PeDescription x86;
     x86.machine = tev::test::kPeX86;
@@ -76,6 +78,8 @@ TEST_F(ExplainLoadFailure, NamesTheCulprit) {
          folder_ / "x86.dll"},
         {Copy("tevrefusing"), Problem::StartRefused, folder_ / "tevrefusing.dll"},
         {Copy("tevrefused"), Problem::StartRefused, "tevrefusingmore.dll"},
+        {folder_ / "tevraisingmore.dll", Problem::StartRefused, folder_ / "tevraisingmore.dll"},
+        {Copy("tevraised"), Problem::StartRefused, "tevraisingmore.dll"},
         {folder_ / "gone.dll", Problem::ModuleMissing, folder_ / "gone.dll"},
         {"tev-no-such-module", Problem::ModuleMissing, "tev-no-such-module"},
         {"", Problem::EmptyName, ""},
@@ -154,6 +158,22 @@ TEST_F(ExplainLoadFailure, TellsOfPathThatIsNotConsulted) {
     EXPECT_EQ(withDirectory.onPath, plain);
     for (const auto& folder : withDirectory.folders)
         EXPECT_NE(folder.kind, TEVSystemDiagnostics::FolderKind::Path) << folder.folder;
+}
+
+TEST_F(ExplainLoadFailure, TellsWhatLiesBesideAndIsNotSearchedFor) {
+    const std::string needed = Copy("tevneeded");
+    const std::string needy = Copy("tevneedy");
+    EXPECT_EQ(Explain(needy).beside, needed);
+    EXPECT_EQ(Explain(needy, {other_.Path().c_str()}).beside, needed);
+    EXPECT_EQ(Explain(needy, here_).beside, "");
+    EXPECT_EQ(Explain(CopyModule(other_, "tevneedy")).beside, "");
+    EXPECT_EQ(Explain("tev-no-such-module").beside, "");
+}
+
+TEST_F(ExplainLoadFailure, CurrentFolderIsNoFolderOfPath) {
+    CopyModule(other_, "tevplain");
+    const tev::test::CurrentFolder current(other_);
+    EXPECT_EQ(Explain("tevplain", here_).onPath, "");
 }
 
 TEST_F(ExplainLoadFailure, TellsWhichDirectoriesAreIgnored) {

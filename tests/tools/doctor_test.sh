@@ -63,6 +63,7 @@ folder greedy tevgreedy tevneeded
 folder more tevgreedy tevneededmore
 folder sent tevsent tevsending tevneeded
 folder refused tevrefused tevrefusingmore tevrefusing
+folder raised tevraised tevraisingmore
 folder plain tevplain
 folder other
 folder x86 tevneedy
@@ -90,9 +91,14 @@ examine not-a-module-below 1 "$place\\text\\tevneedy.dll" --dir "$place\\text"
 examine empty-below 1 "$place\\empty\\tevneedy.dll" --dir "$place\\empty"
 examine refuses 1 "$place\\refused\\tevrefusing.dll"
 examine refuses-below 1 "$place\\refused\\tevrefused.dll" --dir "$place\\refused"
+examine raises 1 "$place\\raised\\tevraisingmore.dll"
+examine raises-below 1 "$place\\raised\\tevraised.dll" --dir "$place\\raised"
 examine no-such-file 1 "$place\\other\\gone.dll"
 examine no-such-name 1 gone --dir "$place\\plain" --dir "$place\\no such folder" --dir relative
 examine empty-name 1 ''
+# The current folder, which search directories leave out too, is not taken for one of PATH.
+(cd "$work/plain" && examine current-not-consulted 1 tevplain --dir "$place\\other"
+    exit "$failures") || failures=$?
 # Found through PATH, which search directories leave out.
 export WINEPATH=$place\\plain
 examine path 0 tevplain
@@ -110,6 +116,13 @@ for part in 1 2 63 64 100 200 400 600 1500 $((size / 4)); do
     grep -q 'is not a module: it \(ends before\|does not begin\)' "$work/out" ||
         fail "cut off at $part" "$(tail -n 1 "$work/out")"
 done
+
+# Names that the loader's code page lacks.
+code=0
+"$root/scripts/wine.sh" "$tevsys" doctor 'no-ばらばら.dll' >"$work/out" 2>&1 || code=$?
+[ "$code" = 1 ] || fail 'a name beyond the code page' "exit code $code"
+grep -q 'cannot ask for no-ばらばら.dll' "$work/out" ||
+    fail 'a name beyond the code page' "$(<"$work/out")"
 
 # Its manual, and wrong usage.
 "$root/scripts/wine.sh" "$tevsys" doctor --help >"$work/out"

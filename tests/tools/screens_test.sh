@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# screens_test.sh [--accept] TEVSYS.EXE FILE...: runs the commands in the ```console blocks of each
-# file, lines of "$ COMMAND", over copies of examples/demo and tests/tools/odd. What they print must
-# be what the file shows; --accept writes it there, to be reviewed.
+# screens_test.sh [--accept] TEVSYS.EXE FIXTURES FILE...: runs the commands in the ```console blocks of
+# each file, lines of "$ COMMAND", over copies of examples/demo, tests/tools/odd and some fixture
+# modules; C:\kit stands for their place. What they print must be what the file shows; --accept writes
+# it there, to be reviewed.
 . "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
 accept=false
 [ "$1" = --accept ] && accept=true && shift
-exe=$(realpath "$1")
-shift
+exe=$(realpath "$1") fixtures=$(realpath "$2")
+shift 2
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -16,6 +17,7 @@ export DEMO_PLUGINS='one;two;three' TEV_ODD_LIST=a TEV_ODD_SECRET=swordfish
 export TEV_DEMO_DIR=$place\\demo TEV_SYS_CONFIG_DIR=$place\\demo\\system\\
 export TEV_USER_CONFIG_DIR=$place\\demo\\user\\ WINEPATH
 WINEPATH=Z:$(dirname "$exe")
+bin=${WINEPATH//\//\\}
 unset DEMO_NEW DEMO_DATA DEMO_BROKEN DEMO_GONE DEMO_ABSENT DEMO_MINE KPT_DATA_DIR CSM_PLUGIN_DIR
 unset TEV_ODD_UNSET TEV_ODD_BLANK TEV_ODD_TOKEN
 
@@ -34,7 +36,7 @@ run() {
     text=$(
         cd "$work/demo"
         code=0
-        eval "$1" 2>&1 || code=$?
+        eval "${1//'C:\kit'/$place}" 2>&1 || code=$?
         [ "$code" = 0 ] || printf '(exit code %s)\n' "$code"
         printf x
     )
@@ -42,6 +44,7 @@ run() {
     text=${text//$'\r'/}
     text=${text//"${place//\\/\\\\}"/'C:\\kit'}
     text=${text//"$place"/'C:\kit'}
+    text=${text//"$bin"/'C:\kit\bin'}
     text=${text//"${plain_path//\\/\\\\}"/'C:\\Windows'}
     printf '%s' "${text//"$plain_path"/'C:\Windows'}"
 }
@@ -69,12 +72,14 @@ for file in "$@"; do
     mkdir "$work/demo"
     cp -r "$root"/examples/demo/{system,user,kit} "$work/demo"
     cp -r "$root/tests/tools/odd" "$work"
+    mkdir -p "$work/plugins"
+    cp "$fixtures"/{tevouter,tevmiddle}/*.dll "$work/plugins"
     screens "$file" >"$work/screens"
     if $accept; then
         cp "$work/screens" "$file"
     elif ! diff -u "$file" "$work/screens"; then
         echo "$file does not show what tevsys prints; review and run:" \
-            "tests/tools/screens_test.sh --accept $exe $file" >&2
+            "tests/tools/screens_test.sh --accept $exe $fixtures $file" >&2
         failed=1
     fi
 done

@@ -1,52 +1,6 @@
 #!/usr/bin/env bash
-# tevsys_test.sh TEVSYS.EXE: what the program tevsys promises, each failed expectation on a line.
-. "$(dirname "${BASH_SOURCE[0]}")/../../scripts/common.sh"
-tevsys=$(realpath "$1")
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work"
-place=Z:${work//\//\\}
-mkdir system user empty
-export TEV_SYS_CONFIG_DIR=$place\\system TEV_USER_CONFIG_DIR=$place\\user TEV_TEST_DIR=$place
-export TEV_TEST_LIST='a;b' TEV_TEST_OLD=1
-unset TEV_TEST_NEW KPT_DATA_DIR CSM_PLUGIN_DIR
-
-printf '%s\r\n' 'a.system = from system' 'a.both = from system' 'a.place = %TEV_TEST_DIR%\x' \
-    'get = a key named as a verb' 'tev.log.level = loud' 'tev.env.add.1 = TEV_TEST_LIST|c' \
-    'tev.env.del.1 = TEV_TEST_OLD' 'tev.env.new.1 = TEV_TEST_NEW|fresh' \
-    >system/tev.system.properties
-user=user/tev.user.properties
-plain_user() { printf '# a comment\na.both = from user\n' >"$user"; }
-plain_user
-
-subject=''
-failures=0
-# tevsys ARGS...: runs it; what it gave is in the files out and err and in $code.
-tevsys() {
-    subject="tevsys $*"
-    code=0
-    "$root/scripts/wine.sh" "$tevsys" "$@" >out 2>err || code=$?
-}
-# holds WHAT COMMAND...: an expectation about the last run.
-holds() {
-    local what=$1
-    shift
-    "$@" >/dev/null && return
-    printf 'FAILED: %s: %s (exit code %s)\n' "$subject" "$what" "$code"
-    sed 's/^/    out: /' out
-    sed 's/^/    err: /' err
-    failures=$((failures + 1))
-}
-exits() { holds "exit code $1" [ "$code" = "$1" ]; }
-prints() { holds "prints exactly $(printf '%q' "$1")" cmp out <(printf '%s' "$1"); }
-prints_line() { holds "prints the line $(printf '%q' "$1")" env LC_ALL=C grep -qxF -- "$1" out; }
-lacks() { ! grep -q -- "$1" out; }
-prints_no_line() { holds "prints no line like $(printf '%q' "$1")" lacks "$1"; }
-says() { holds "says on standard error: $1" grep -q -- "$1" err; }
-says_one_line() { holds "says one line on standard error" [ "$(wc -l <err)" = 1 ]; }
-says_nothing() { holds "says nothing on standard error" [ ! -s err ]; }
-user_file_is() { holds "user file is $(printf '%q' "$1")" cmp "$user" <(printf '%s' "$1"); }
+# tevsys_test.sh TEVSYS.EXE FIXTURES: what the program tevsys promises.
+. "$(dirname "${BASH_SOURCE[0]}")/expectations.sh"
 
 # get
 tevsys get a.system
@@ -154,26 +108,6 @@ exits 0; says_nothing
 prints_line '  a.both = from user'
 prints_line '    before  a;b'
 prints_line '    after   a;b;c'
-
-# colours on a terminal only, and not against NO_COLOR
-on_terminal() {
-    subject='tevsys explain a.both on a terminal' code=0
-    env TERM=xterm "$@" script -qec "$(printf '%q ' "$root/scripts/wine.sh" "$tevsys" explain a.both)" \
-        /dev/null </dev/null >terminal || code=$?
-    # Wine's console hides the cursor around each character.
-    sed 's/\x1b\[?25[lh]//g' terminal >out
-}
-shows_colour() { grep -q $'\x1b\\[[0-9;]*[1-9]m' out; }
-on_terminal
-exits 0
-holds 'shows colours' shows_colour
-on_terminal NO_COLOR=1
-exits 0
-holds 'has a text' grep -q a.both out
-holds 'shows no colours' eval '! shows_colour'
-tevsys explain a.both
-exits 0
-holds 'shows no colours' lacks $'\x1b'
 
 # figures
 figures() {
@@ -382,8 +316,4 @@ guid|a
 --verbose
 USAGES
 
-if [ "$failures" != 0 ]; then
-    printf '%s expectations of tevsys failed\n' "$failures"
-    exit 1
-fi
-echo 'tevsys keeps its promises'
+end 'tevsys keeps its promises'

@@ -93,8 +93,10 @@ class Linter {
                 Add(line.number, "no-key", "", "the line begins with \"=\" and adds nothing");
                 break;
             case LineFault::NoSeparator:
+                // What was meant for a value may be in the key.
                 Add(line.number, "no-separator", line.key,
-                    Quoted(line.key) + " has no \"=\" behind it; the line adds nothing");
+                    Quoted(line.key) + " has no \"=\" behind it; the line adds nothing")
+                    .value = line.key;
                 break;
             case LineFault::NoValue:
                 Add(line.number, "no-value", line.key,
@@ -132,25 +134,23 @@ class Linter {
 
     void CheckReferences(const FileLine& line) {
         for (const Diagnostics::Reference& reference : model_.ReferencesOf(table_, line.key)) {
-            const std::string name = '%' + reference.name + '%';
-            switch (reference.fate) {
-                case Fate::Resolved:
-                    break;
-                case Fate::Unresolved:
-                    Add(line.number, "unresolved-reference", line.key,
-                        name + " is in no table and no environment variable; it stays as it is");
-                    break;
-                case Fate::ToItself:
-                    Add(line.number, "self-reference", line.key,
-                        name + " refers to its own line; the text is put in unexpanded");
-                    break;
-                case Fate::ExpandedLater:
-                    Add(line.number, "expanded-later", line.key,
-                        name + " is expanded after " + Quoted(line.key) +
-                            "; its own references are put in unexpanded");
-                    break;
-            }
+            if (reference.fate != Fate::Resolved) AddReference(line, reference);
         }
+    }
+
+    void AddReference(const FileLine& line, const Diagnostics::Reference& reference) {
+        const std::string name = '%' + reference.name + '%';
+        const auto add = [&](const char* id, const std::string& what) {
+            Add(line.number, id, line.key, name + what).value = name;
+        };
+        if (reference.fate == Fate::Unresolved)
+            add("unresolved-reference",
+                " is in no table and no environment variable; it stays as it is");
+        if (reference.fate == Fate::ToItself)
+            add("self-reference", " refers to its own line; the text is put in unexpanded");
+        if (reference.fate == Fate::ExpandedLater)
+            add("expanded-later", " is expanded after " + Quoted(line.key) +
+                                      "; its own references are put in unexpanded");
     }
 
     void CheckValue(const FileLine& line) {

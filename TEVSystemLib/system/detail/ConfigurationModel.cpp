@@ -171,7 +171,7 @@ Diagnostics::DirectiveStep ConfigurationModel::Take(const DirectiveEntry& entry)
     if (flaw != DirectiveFlaw::UnknownPrefix) step.kind = NameOf(directive.kind);
     step.reason = ReasonOf(flaw);
     step.isFolderMissing = flaw == DirectiveFlaw::NoFolder;
-    if (step.isFolderMissing) step.reason += ": " + step.value;
+    if (step.isFolderMissing) step.reason += ": \"" + step.value + '"';
     if (step.variable.empty()) return step;
     step.before = step.after = session_.Read(step.variable);
     if (flaw != DirectiveFlaw::None) return step;
@@ -180,7 +180,8 @@ Diagnostics::DirectiveStep ConfigurationModel::Take(const DirectiveEntry& entry)
     const bool isChanged = step.before != step.after;
     step.outcome = isChanged ? Outcome::Changed : isTaken ? Outcome::Unchanged : Outcome::Refused;
     if (isTaken && !isChanged) step.reason = step.after ? kAlreadySo : kUnreadable;
-    if (!isTaken) step.reason = step.before ? kSystemRefuses : kNotSet;
+    if (!isTaken)
+        step.reason = step.before || !NeedsVariable(directive.kind) ? kSystemRefuses : kNotSet;
     return step;
 }
 

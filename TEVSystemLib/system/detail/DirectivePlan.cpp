@@ -143,6 +143,10 @@ std::string NameOf(DirectiveKind kind) {
     return {};
 }
 
+bool NeedsVariable(DirectiveKind kind) {
+    return kind != DirectiveKind::New && kind != DirectiveKind::NewPath;
+}
+
 bool Execute(const Directive& directive, VariableSession& session) {
     const auto& [kind, variable, value] = directive;
     switch (kind) {

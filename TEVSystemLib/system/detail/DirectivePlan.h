@@ -58,6 +58,9 @@ std::vector<Directive> PlanDirectives(const std::map<std::string, std::string>& 
 // A kind as its keys name it: "add.path".
 std::string NameOf(DirectiveKind kind);
 
+// Whether it does nothing to a variable that is not set.
+bool NeedsVariable(DirectiveKind kind);
+
 // The environment that directives work on; what it does is what TEVUtilWindows says of its
 // functions for environment variables. Nothing throws.
 class VariableSession {

@@ -12,6 +12,8 @@ using Explanation = TEVSystemDiagnostics::LoadExplanation;
 using Problem = TEVSystemDiagnostics::LoadProblem;
 using State = TEVSystemDiagnostics::ModuleState;
 
+constexpr unsigned long kStartRefused = 1114;
+
 std::string NameAndFile(const Module& module) {
     const std::string name = FileNameOf(module.name);
     return module.file.empty() ? name : name + " (" + module.file + ')';
@@ -26,9 +28,14 @@ std::string Subject(const ModuleFault& fault) {
 std::string Missing(const ModuleFault& fault, const Explanation& explanation) {
     if (IsFixedPath(fault.culprit->name)) return "there is no file " + fault.culprit->name;
     std::string what = Subject(fault) + " is in none of the folders searched";
-    if (explanation.onPath.empty()) return what;
-    return what + "; it lies in " + *Util::detail::FolderOf(explanation.onPath) +
-           ", a folder of PATH, but with search directories PATH is not consulted";
+    if (!explanation.onPath.empty())
+        return what + "; it lies in " + *Util::detail::FolderOf(explanation.onPath) +
+               ", a folder of PATH, but with search directories PATH is not consulted";
+    if (!explanation.beside.empty())
+        return what + "; it lies beside " + FileNameOf(fault.parent->name) + " in " +
+               *Util::detail::FolderOf(explanation.beside) +
+               ", but the folder of a module is not searched for what it needs";
+    return what;
 }
 
 std::string FunctionMissing(const ModuleFault& fault) {
@@ -44,11 +51,24 @@ std::string FunctionMissing(const ModuleFault& fault) {
     return text;
 }
 
-std::string StartRefused(const ModuleFault& fault) {
+std::string SystemAnswer(const Explanation& explanation) {
+    const std::string code = "the system gives the code " + std::to_string(explanation.code);
+    return explanation.message.empty() ? code : code + ", " + explanation.message;
+}
+
+std::string StartRefused(const ModuleFault& fault, const Explanation& explanation) {
     const std::string whose = fault.parent == nullptr
                                   ? "its start routine (DllMain)"
                                   : "the start routine (DllMain) of " + NameAndFile(*fault.culprit);
-    return whose + " refuses this process";
+    if (explanation.code == kStartRefused) return whose + " refuses this process";
+    return whose + " does not come to its end; " + SystemAnswer(explanation);
+}
+
+std::string Unexplained(const ModuleFault& fault, const Explanation& explanation) {
+    std::string text = "nothing wrong is seen in the files; ";
+    if (fault.parent != nullptr)
+        text += NameAndFile(*fault.culprit) + " does not load by itself either; ";
+    return text + SystemAnswer(explanation);
 }
 
 std::string Reason(const ModuleFault& fault, const Explanation& explanation) {
@@ -65,10 +85,9 @@ std::string Reason(const ModuleFault& fault, const Explanation& explanation) {
             return Subject(fault) + " is built for " + fault.culprit->flaw +
                    ", and this process for 64-bit x64";
         case Problem::StartRefused:
-            return StartRefused(fault);
+            return StartRefused(fault, explanation);
         default:
-            return "nothing wrong is seen in the files; the system gives the code " +
-                   std::to_string(explanation.code) + ", " + explanation.message;
+            return Unexplained(fault, explanation);
     }
 }
 
@@ -76,8 +95,18 @@ std::string WithFullStop(std::string text) { return text.back() == '.' ? text : 
 
 }  // namespace
 
+bool IsFailedStart(unsigned long code) {
+    constexpr unsigned long kAccessViolation = 998;
+    constexpr unsigned long kStackOverflow = 1001;
+    // The code of an exception that is no error of the system's comes as it is.
+    constexpr unsigned long kEndOfSystemErrors = 0x10000;
+    return code == kStartRefused || code == kAccessViolation || code == kStackOverflow ||
+           code >= kEndOfSystemErrors;
+}
+
 void ConcludeLoad(const ModuleFault& fault, Explanation& explanation) {
-    const std::string name = FileNameOf(explanation.name);
+    const std::string last = FileNameOf(explanation.name);
+    const std::string& name = last.empty() ? explanation.name : last;
     explanation.problem = fault.problem;
     if (fault.problem == Problem::EmptyName) {
         explanation.cause = "Nothing loads: the name is empty.";

@@ -17,6 +17,11 @@ void Add(SearchedFolders& folders, Kind kind, std::string_view folder) {
         folders.push_back({kind, std::string(Util::detail::WithoutEndingSeparators(path))});
 }
 
+void AddPath(SearchedFolders& folders, const LoaderFacts& facts) {
+    for (const std::string_view folder : Util::detail::Tokens(";", facts.path))
+        Add(folders, Kind::Path, folder);
+}
+
 bool StartsWithIgnoringCase(std::string_view text, std::string_view start) {
     return Util::detail::EqualsIgnoringCase(text.substr(0, start.size()), start);
 }
@@ -32,8 +37,19 @@ SearchedFolders OrdinaryFolders(const LoaderFacts& facts) {
     Add(folders, Kind::Windows, facts.windows);
     // A DLL directory takes the place of the current folder.
     if (facts.dllDirectory.empty()) Add(folders, Kind::Current, facts.current);
-    for (const std::string_view folder : Util::detail::Tokens(";", facts.path))
-        Add(folders, Kind::Path, folder);
+    AddPath(folders, facts);
+    return folders;
+}
+
+SearchedFolders PathFolders(const LoaderFacts& facts) {
+    SearchedFolders folders;
+    AddPath(folders, facts);
+    return folders;
+}
+
+SearchedFolders FolderBeside(const TEVSystemDiagnostics::Module& module) {
+    SearchedFolders folders;
+    Add(folders, Kind::SearchDirectory, Util::detail::FolderOf(module.file).value_or(""));
     return folders;
 }
 

@@ -25,6 +25,10 @@ using SearchedFolders = std::vector<TEVSystemDiagnostics::SearchedFolder>;
 
 // For a load without search directories.
 SearchedFolders OrdinaryFolders(const LoaderFacts& facts);
+// Those of PATH alone.
+SearchedFolders PathFolders(const LoaderFacts& facts);
+// The one in which a module lies, which is not searched for what the module needs.
+SearchedFolders FolderBeside(const TEVSystemDiagnostics::Module& module);
 // For a load with those that the system has taken, in the order in which they were added.
 SearchedFolders FoldersWithDirectories(const LoaderFacts& facts,
                                        const std::vector<std::string>& directories);

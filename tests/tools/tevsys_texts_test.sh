@@ -1,0 +1,98 @@
+#!/usr/bin/env bash
+# tevsys_texts_test.sh TEVSYS.EXE FIXTURES: what tevsys shows and hides, where, and in which characters.
+. "$(dirname "${BASH_SOURCE[0]}")/expectations.sh"
+bin=$(dirname "$tevsys")
+
+# what --redact hides
+mkdir hidden
+printf '%s\n' 'db.password swordfish' 'db.password = %x%%%cod%e' 'tev.env.new.path.1 = TEV_TEST_NEW|e' \
+    'tev.log.level = %db.key%' 'db.key = herring' >hidden/tev.system.properties
+shows_none() {
+    for secret in "$@"; do prints_no_line "$secret"; done
+}
+tevsys check hidden/tev.system.properties --redact 'db.*' --redact 'tev.env*'
+exits 1; shows_none swordfish cod herring '"e"'
+prints_line 'hidden/tev.system.properties:3: warning: the directive is ignored: there is no such folder: "[hidden]" (TEV_TEST_NEW) [ignored-directive]'
+tevsys check hidden/tev.system.properties --redact db.password --json
+exits 1; shows_none swordfish cod
+TEV_SYS_CONFIG_DIR=$place\\hidden tevsys explain db.password --redact 'db.*'
+exits 0; shows_none cod
+TEV_SYS_CONFIG_DIR=$place\\hidden tevsys explain db.password --redact 'db.*' --json
+exits 0; shows_none cod
+
+# texts beyond ASCII, of files and of variables
+printf 'a.mixed = caf\xc3\xa9 %%TEV_TEST_FORM%% \xe9\n' >hidden/tev.system.properties
+TEV_TEST_FORM=größe TEV_SYS_CONFIG_DIR=$place\\hidden tevsys get a.mixed
+exits 0; prints $'café größe é\n'
+for verb in get explain; do
+    subject="tevsys $verb of a variable beyond ASCII" code=0
+    env TEV_TEST_GRÖSSE=viel "$root/scripts/wine.sh" "$tevsys" "$verb" TEV_TEST_GRÖSSE >out || code=$?
+    exits 0; holds 'finds it' grep -q viel out
+done
+
+# a system file that is there and cannot be read
+printf 'a = 1\n' >hidden/tev.system.properties
+mkfifo gate
+WINEPATH=Z:$bin "$root/scripts/wine.sh" "$host" "lock:$place\\hidden\\tev.system.properties" hold \
+    <gate >held &
+locker=$!
+exec 9>gate
+for _ in {1..100}; do
+    grep -q ready held && break
+    sleep 0.1
+done
+holds 'is locked' grep -qx locked held
+TEV_SYS_CONFIG_DIR=$place\\hidden tevsys check
+exits 2; prints ''; says 'cannot read .*hidden'; says_one_line
+exec 9>&-
+wait "$locker"
+# a file that is not found is not taken for a clean one
+TEV_USER_CONFIG_DIR=$place\\empty tevsys check hidden/tev.system.properties
+exits 0; says_nothing
+TEV_SYS_CONFIG_DIR=$place\\empty tevsys check
+exits 0; says 'note: no tev.system.properties was found'; says_one_line
+
+# colours on a terminal only, and not against NO_COLOR
+on_terminal() {
+    subject='tevsys explain a.both on a terminal' code=0
+    env TERM=xterm "$@" script -qec "$(printf '%q ' "$root/scripts/wine.sh" "$tevsys" explain a.both)" \
+        /dev/null </dev/null >terminal || code=$?
+    # Wine's console hides the cursor around each character.
+    sed 's/\x1b\[?25[lh]//g' terminal >out
+}
+shows_colour() { grep -q $'\x1b\\[[0-9;]*[1-9]m' out; }
+on_terminal
+exits 0
+holds 'shows colours' shows_colour
+on_terminal NO_COLOR=1
+exits 0
+holds 'has a text' grep -q a.both out
+holds 'shows no colours' eval '! shows_colour'
+tevsys explain a.both
+exits 0
+holds 'shows no colours' lacks $'\x1b'
+# the terminal is given back as it was
+holds 'leaves the code page' env TERM=xterm script -qec "$(printf '%q ' "$root/scripts/wine.sh" \
+    "$tevsys" run -- cmd /c chcp)" terminal </dev/null
+sed -i 's/\x1b\[?25[lh]//g' terminal
+holds 'leaves the code page' eval '! grep -q 65001 terminal && grep -q "[0-9][0-9][0-9]" terminal'
+
+# set: what check would say of the line is told
+plain_user
+while IFS='|' read -r key value why; do
+    tevsys set "$key" "$value"
+    exits 0; prints ''; says "warning: $why"; says_one_line
+done <<'WARNINGS'
+tev.log.level|verbose|"verbose" is no level
+tev.env.new.9|X|directives count in the system file only
+tev.lgo.level|DEBUG|unknown key
+b.reference|%TEV_NO_SUCH%|%TEV_NO_SUCH% is in no table
+WARNINGS
+
+# run: the program gets its arguments as they stand
+for mark in '' --; do
+    tevsys run $mark cmd /c echo '[a,b]' --json '[]'
+    exits 0; prints $'[a,b] --json []\r\n'
+done
+
+end 'tevsys shows what it should'

@@ -59,8 +59,8 @@ Levels LevelsOf(Processor processor) noexcept;
 // Those of this processor.
 Levels RunnableLevels() noexcept;
 
-// The last of them, once the module is loaded; while statics are still being made, perhaps the
-// portable one.
+// The last of them, once the module is loaded; while static objects are still being made, perhaps
+// the portable one.
 extern const Kernels* best;
 inline const Kernels& Best() { return *best; }
 

@@ -4,6 +4,8 @@
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cwchar>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -16,6 +18,7 @@ namespace {
 
 using TAMO::TEV::System::Util::TEVUtilString;
 using TAMO::TEV::System::Util::TEVUtilWindows;
+using tev::fault::Calls;
 using tev::fault::Fail;
 using tev::fault::Replace;
 using tev::fault::SystemCall;
@@ -137,6 +140,53 @@ TEST(CharsetFaults, ToTheLocaleThrowsWithNull) {
         EXPECT_STREQ(error.what(), "Failed to convert data from wchar to char.");
     }
     EXPECT_EQ(text, nullptr);
+}
+
+// Text of three bytes a character, more than two gigabytes in all; its memory is one piece that
+// stands again and again.
+class EndlessText {
+ public:
+    EndlessText() {
+        void* place = VirtualAlloc(nullptr, kPieces * kPieceBytes, MEM_RESERVE, PAGE_NOACCESS);
+        VirtualFree(place, 0, MEM_RELEASE);
+        auto* next = static_cast<char*>(place);
+        for (void*& piece : pieces_) {
+            piece = MapViewOfFileEx(section_, FILE_MAP_ALL_ACCESS, 0, 0, kPieceBytes, next);
+            if (piece == nullptr) throw std::runtime_error("no place for the text");
+            next += kPieceBytes;
+        }
+        std::wmemset(static_cast<wchar_t*>(pieces_[0]), L'\x4e2d', kPieceBytes / sizeof(wchar_t));
+    }
+    ~EndlessText() {
+        for (const void* piece : pieces_) UnmapViewOfFile(piece);
+        CloseHandle(section_);
+    }
+    EndlessText(const EndlessText&) = delete;
+    EndlessText& operator=(const EndlessText&) = delete;
+
+    const wchar_t* get() const { return static_cast<const wchar_t*>(pieces_[0]); }
+    static std::size_t Length() { return kPieces * kPieceBytes / sizeof(wchar_t); }
+
+ private:
+    static constexpr std::size_t kPieceBytes = std::size_t{1} << 26;
+    static constexpr std::size_t kPieces = 22;
+
+    HANDLE section_ =
+        CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, kPieceBytes, nullptr);
+    std::array<void*, kPieces> pieces_{};
+};
+
+TEST(CharsetFaults, TextOfMoreThanTwoGigabytesIsNotConverted) {
+    const EndlessText wide;
+    const auto refuses = Fail(calls::WideCharToMultiByte, 0, ERROR_INVALID_PARAMETER);
+    const Calls asked(calls::WideCharToMultiByte);
+    Text text;
+    std::size_t length = 77;
+    EXPECT_FALSE(TEVUtilString::ConvertFromWCharToMultiByteChar(text.Out(), wide.get(),
+                                                                EndlessText::Length(), &length));
+    EXPECT_TRUE(text.IsNull());
+    EXPECT_EQ(length, 0U);
+    EXPECT_EQ(asked.Made(), 1) << "for the size only";
 }
 
 }  // namespace

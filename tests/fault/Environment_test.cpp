@@ -18,6 +18,7 @@ namespace {
 using TAMO::TEV::System::Util::TEVUtilWindows;
 using tev::fault::Calls;
 using tev::fault::Fail;
+using tev::fault::FailNth;
 using tev::fault::Replace;
 using tev::test::SystemVariable;
 using tev::test::Text;
@@ -128,6 +129,14 @@ TEST(EnvironmentReads, RefusalReadsAsNotSet) {
     EXPECT_FALSE(TEVUtilWindows::EnvironmentVariableExists(kName));
     EXPECT_FALSE(TEVUtilWindows::ModifySessionEnvironmentVariable(kName, "more", false, 0));
     EXPECT_EQ(reads.Made(), 4);
+}
+
+TEST(EnvironmentReads, LongValueThatIsGoneAtTheSecondCallIsNotSet) {
+    const Variable isSet(kName, std::string(2048, 'x').c_str());
+    const Calls reads(calls::GetEnvironmentVariableW);
+    const auto fails = FailNth(1, calls::GetEnvironmentVariableW, 0U, ERROR_ENVVAR_NOT_FOUND);
+    EXPECT_EQ(Value(), "(null)");
+    EXPECT_EQ(reads.Made(), 2);
 }
 
 TEST(EnvironmentReads, NameThatDoesNotConvertIsNotSet) {

@@ -257,6 +257,23 @@ TEST(ModuleName, IsNullWhenItCannotBeReadOrDoesNotFit) {
     }
 }
 
+// Lets the system answer every question for a module's name with this one.
+auto Answering(const std::string& path) {
+    return Replace(calls::GetModuleFileNameA, [path](HMODULE, char* out, DWORD size) {
+        out[path.copy(out, size)] = '\0';
+        return static_cast<DWORD>(path.size());
+    });
+}
+
+TEST(ModuleName, HasNoFolderWithoutOneInIt) {
+    for (const char* path :
+         {"a-longer-name-than-kernel32.dll", "\\kernel32.dll", "                              "}) {
+        const auto answers = Answering(path);
+        EXPECT_TRUE(Text(TEVUtilWindows::GetModuleFullyQualifiedPath("kernel32.dll")).IsNull());
+        EXPECT_EQ(Text(TEVUtilWindows::GetModuleFullyQualifiedName("kernel32.dll")).str(), path);
+    }
+}
+
 TEST(ModuleName, AnEarlierLastErrorDoesNotCount) {
     SetLastError(ERROR_INSUFFICIENT_BUFFER);
     const Text name(TEVUtilWindows::GetModuleFullyQualifiedName("kernel32.dll"));
@@ -277,14 +294,17 @@ TEST(GetFullyQualifiedExePath, NameThatCannotBeReadOrDoesNotFitIsAFailure) {
 TEST(GetFullyQualifiedExePath, LongestNameFits) {
     const std::string path = "C:\\" + std::string(8190, 'x').replace(4090, 1, "\\").substr(2);
     ASSERT_EQ(path.size(), 8191U);
-    const Replace reads(calls::GetModuleFileNameA, [&](HMODULE, char* out, DWORD size) {
-        EXPECT_EQ(size, 8192U);
-        out[path.copy(out, size)] = '\0';
-        return static_cast<DWORD>(path.size());
-    });
+    const auto answers = Answering(path);
     Text folder;
     EXPECT_TRUE(TEVUtilWindows::GetFullyQualifiedExePath(folder.Out()));
     EXPECT_EQ(folder.str(), FolderOf(path));
+}
+
+TEST(GetFullyQualifiedExePath, BlankNameIsAFailure) {
+    const auto answers = Answering(" ");
+    Text folder;
+    EXPECT_FALSE(TEVUtilWindows::GetFullyQualifiedExePath(folder.Out()));
+    EXPECT_TRUE(folder.IsNull());
 }
 
 TEST(GetCurrentProcessCorvidRootFolder, IsNullWhenNoModuleIsListed) {

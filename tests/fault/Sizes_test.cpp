@@ -5,8 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <string>
 
+#include "TEVSystemLib/util/string/detail/HandOut.h"
 #include "fault/Allocator.h"
 #include "support/Owned.h"
 
@@ -72,6 +75,16 @@ TEST(Attempts, NoneForTheLargestCharacterCount) {
                                                      &text);
               }),
               0);
+}
+
+TEST(Attempts, NoneForATextThatNoMemoryHolds) {
+    namespace detail = TAMO::TEV::System::Util::detail;
+    constexpr std::size_t kLargest = std::numeric_limits<std::size_t>::max();
+    EXPECT_EQ(
+        Attempts([] { EXPECT_THROW(detail::MakeUnfilledWideText(kLargest / 2), std::bad_alloc); }),
+        0);
+    EXPECT_THROW(detail::MakeUnfilledWideText(kLargest), std::runtime_error);
+    EXPECT_THROW(detail::MakeUnfilledText(kLargest), std::runtime_error);
 }
 
 TEST(Attempts, NoneForTrimmingInPlaceSearchingAndComparing) {

@@ -33,7 +33,7 @@ constexpr const char* kSystem =
 // A store loaded from a system file and a user file.
 class LoadedStore : public StoreFolders {
  public:
-    LoadedStore() { Load(kSystem, "u = 2\n"); }
+    explicit LoadedStore(const char* system = kSystem) { Load(system, "u = 2\n"); }
 
     std::string SystemPath() const { return system_ / kSystemFile; }
     std::string UserFile() const { return ReadAll(user_ / kUserFile); }
@@ -68,13 +68,24 @@ void ExplainsAll(Attempt& attempt) {
         attempt, [](auto& list) { return TEVSystemDiagnostics::ExplainProperties(list); });
 }
 
-void Checks(Attempt& attempt) {
-    const LoadedStore store;
-    const std::string path = store.SystemPath();
-    Fills<std::vector<TEVSystemDiagnostics::Finding>>(attempt, [&path](auto& list) {
-        return TEVSystemDiagnostics::CheckPropertiesFile(
-            path.c_str(), TEVSystemDiagnostics::FileRole::System, list);
+void Checks(Attempt& attempt, const std::string& path, TEVSystemDiagnostics::FileRole role) {
+    Fills<std::vector<TEVSystemDiagnostics::Finding>>(attempt, [&](auto& list) {
+        return TEVSystemDiagnostics::CheckPropertiesFile(path.c_str(), role, list);
     });
+}
+
+void ChecksTheSystemFile(Attempt& attempt) {
+    const LoadedStore store;
+    Checks(attempt, store.SystemPath(), TEVSystemDiagnostics::FileRole::System);
+}
+
+// A value that is not put right, a key with a known one near it and one without.
+void ChecksAUserFile(Attempt& attempt) {
+    const LoadedStore store("");
+    const tev::test::Folder folder;
+    const std::string path = folder.Write(
+        "checked", "tev.log.level = loud\ntev.lgo.level = x\ntev.quite.another.thing = x\n");
+    Checks(attempt, path, TEVSystemDiagnostics::FileRole::User);
 }
 
 void Plans(Attempt& attempt) {
@@ -120,7 +131,10 @@ void Saves(Attempt& attempt) {
 const AllocatingFunctions diagnoses{
     {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
      "std::vector<TEVSystemDiagnostics::Finding>&)",
-     "", Checks},
+     "system", ChecksTheSystemFile},
+    {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
+     "std::vector<TEVSystemDiagnostics::Finding>&)",
+     "user", ChecksAUserFile},
     {"TEVSystemDiagnostics::CompareSnapshots(std::shared_ptr<TEVSystemDiagnostics::Tables const> "
      "const&, std::shared_ptr<TEVSystemDiagnostics::Tables const> const&, "
      "std::vector<TEVSystemDiagnostics::Change>&)",

@@ -62,6 +62,7 @@ TEST(Lint, FindsWhatIsOddInASystemFile) {
         {"tev.env.set.1=L|x\n", "1 unknown-directive"},
         {"\xEF\xBB\xBF# a\n", "1 byte-order-mark, 1 no-separator"},
         {"a=1\nb=1\0\n"s, "2 nul-byte"},
+        {"a=1\0\0\nb=1\0\n"s, "1 nul-byte, 1 no-separator, 2 nul-byte"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);
@@ -69,6 +70,14 @@ TEST(Lint, FindsWhatIsOddInASystemFile) {
         EXPECT_EQ(Ids(Lint(model, Table::System)), row.ids);
         EXPECT_EQ(Ids(Lint(model, Table::User)), "");
     }
+}
+
+TEST(Lint, DirectiveFromTheEnvironmentHasNoLineToFind) {
+    const Models models(Models::Variables{{"tev.env.rm.1", "X|x"}});
+    const auto model = models.Make("a=%tev.env.rm.1%\n");
+    ASSERT_EQ(model.Steps().size(), 1U);
+    EXPECT_EQ(model.Steps()[0].place.line, 0U);
+    EXPECT_EQ(Ids(Lint(model, Table::System)), "");
 }
 
 TEST(Lint, FindsWhatIsOddInAUserFile) {

@@ -214,6 +214,13 @@ TEST(ExamineDirectives, TellsWhyAnEntryIsLeftOut) {
     }
 }
 
+TEST(ExamineDirectives, OtherKeysMayBeMissing) {
+    const auto anyFolder = [](const std::string&) { return true; };
+    EXPECT_TRUE(ExamineDirectives({}, anyFolder).empty());
+    EXPECT_TRUE(ExamineDirectives({{"a", "b"}}, anyFolder).empty());
+    EXPECT_EQ(ExamineDirectives({{"tev.env.del.1", "X"}}, anyFolder).size(), 1U);
+}
+
 TEST(NameOf, IsWhatTheKeysCallTheKind) {
     const struct {
         DirectiveKind kind;

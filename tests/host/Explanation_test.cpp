@@ -29,7 +29,8 @@ std::string Losers(const TEVSystemDiagnostics::Explanation& explanation) {
     return text;
 }
 
-const Models::Variables kVariables{{"ENV", "e"}, {"LIST", "a"}, {"BOTH", "variable"}};
+const Models::Variables kVariables{
+    {"ENV", "e"}, {"LIST", "a"}, {"BOTH", "variable"}, {"BLANK", " "}};
 
 TEST(Explain, NamesTheLayerAndItsLine) {
     const struct {
@@ -153,8 +154,9 @@ TEST(KeysOf, HoldsBothTablesAndWhatWasCached) {
 
 TEST(Steps, TellWhatEachDirectiveDoes) {
     using Outcome = TEVSystemDiagnostics::Outcome;
+    const std::string tooLong(32767, 'x');
     const struct {
-        const char* line;
+        std::string line;
         Outcome outcome;
         const char *before, *after, *reason;
     } rows[] = {
@@ -174,9 +176,13 @@ TEST(Steps, TellWhatEachDirectiveDoes) {
         {"tev.env.new.1=X=Y|1", Outcome::Refused, "-", "-", "the variable is not set"},
         {"tev.env.replace.1=LIST|1", Outcome::Changed, "a", "1", ""},
         {"tev.env.replace.1=X|1", Outcome::Refused, "-", "-", "the variable is not set"},
+        {"tev.env.replace.1=LIST|" + tooLong, Outcome::Refused, "a", "a",
+         "Windows refuses the change"},
         {"tev.env.rm.1=LIST|A", Outcome::Changed, "a", "-", ""},
         {"tev.env.rm.1=LIST|b", Outcome::Unchanged, "a", "a", "it is so already"},
         {"tev.env.new.1=X", Outcome::Ignored, "-", "-", "there is no \"|\" between name and value"},
+        {"tev.env.new.1=X| |", Outcome::Ignored, "-", "-", "its name or its value is blank"},
+        {"tev.env.del.1=%BLANK%", Outcome::Ignored, "-", "-", "it names no variable"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.line);

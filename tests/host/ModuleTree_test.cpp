@@ -37,7 +37,7 @@ class Modules {
     Module Tree(const std::string& root) const {
         return MakeModuleTree(root, {[this](const std::string& name) { return Find(name); },
                                      [this](const std::string& file) -> std::optional<std::string> {
-                                         if (file == "C:\\locked.dll") return std::nullopt;
+                                         if (file.substr(3) == "locked.dll") return std::nullopt;
                                          return files_.at(file);
                                      }});
     }
@@ -160,6 +160,47 @@ TEST(MakeModuleTree, TellsWhatIsWrongWithAFile) {
     EXPECT_EQ(FirstFault(root).culprit, &root.imports[0]);
 }
 
+TEST(MakeModuleTree, NamesEveryFlawAndMachine) {
+    std::string otherForm = PeFile({});
+    tev::test::PutNumber(otherForm, 0x58, 0x107, 2);
+    const struct {
+        std::string content;
+        State state;
+        const char* flaw;
+    } rows[] = {
+        {"", State::NotAModule, "it is empty"},
+        {"text", State::NotAModule, "it does not begin as a module does"},
+        {"MZ", State::NotAModule, "it ends before what its headers announce"},
+        {tev::test::PeAround("body", {0, 0, 0xFFFFFFF0, 0}), State::NotAModule,
+         "its tables of imports and exports are damaged"},
+        {otherForm, State::NotAModule, "its header has an unknown form"},
+        {PeFile({{}, {}, tev::test::kPeX86}), State::OtherMachine, "32-bit x86"},
+        {PeFile({{}, {}, 0x1C0}), State::OtherMachine, "32-bit ARM"},
+        {PeFile({{}, {}, 0x1C4}), State::OtherMachine, "32-bit ARM"},
+        {PeFile({{}, {}, 0xAA64}), State::OtherMachine, "64-bit ARM"},
+        {PeFile({{}, {}, 0x184}), State::OtherMachine, "the machine number 388"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.flaw);
+        const Module root = Modules().AddFile("root", row.content).Tree("root");
+        EXPECT_EQ(root.state, row.state);
+        EXPECT_EQ(root.flaw, row.flaw);
+    }
+}
+
+TEST(MakeModuleTree, SystemModuleThatCannotBeReadStaysTheSystems) {
+    Modules modules;
+    modules.Add("root", Needing({{"locked.dll", {"F"}}})).AddSystem("locked.dll", {});
+    EXPECT_EQ(Shown(modules.Tree("root")), "root 0 >(locked.dll 1)");
+}
+
+TEST(MakeModuleTree, DelayedModulesOfTheSystemAreTheSystems) {
+    Modules modules;
+    modules.Add("root", Needing({{"kernel", {"There", "Gone"}, true}, {"contract", {"Any"}, true}}))
+        .AddSystem("kernel", {{}, {{"There", ""}}});
+    EXPECT_EQ(Shown(modules.Tree("root")), "root 0 >(kernel 1 -Gone) >(contract 1)");
+}
+
 TEST(MakeModuleTree, DelayedModulesStopNoLoad) {
     Modules modules;
     modules
@@ -196,6 +237,22 @@ TEST(MakeModuleTree, LongChainsAndWideTreesEnd) {
     for (const Module& import : tree.imports) count += 1 + import.imports.size();
     EXPECT_EQ(count, 10000U);
     EXPECT_EQ(CulpritOf(tree), "none");
+}
+
+TEST(MakeModuleTree, LastModuleOfTheLargestTreeIsNotFollowed) {
+    constexpr std::size_t kLeaves = 4000;
+    // 10000 in all, with a, b and c and what they need.
+    constexpr std::size_t kLeavesOfTheLast = 10000 - 3 - 2 * kLeaves - 1;
+    std::vector<tev::test::PeNeed> needs(kLeavesOfTheLast, {"leaf", {}});
+    needs.push_back({"last", {}});
+    Modules modules;
+    modules.Add("leaf", {}).Add("last", Needing({{"leaf", {}}})).Add("c", Needing(needs));
+    for (const char* name : {"a", "b"})
+        modules.Add(name, Needing(std::vector<tev::test::PeNeed>(kLeaves, {"leaf", {}})));
+    const Module root =
+        modules.Add("root", Needing({{"a", {}}, {"b", {}}, {"c", {}}})).Tree("root");
+    ASSERT_EQ(root.imports[2].imports.size(), needs.size());
+    EXPECT_EQ(Shown(root.imports[2].imports.back()), "last 3");
 }
 
 TEST(FirstFault, WhatAModuleNeedsComesBeforeItsFunctions) {

@@ -25,6 +25,8 @@ using namespace std::string_view_literals;
 using TAMO::TEV::System::Util::detail::ClassifyInteger;
 using TAMO::TEV::System::Util::detail::IntegerText;
 using TAMO::TEV::System::Util::detail::MayBeReal;
+using TAMO::TEV::System::Util::detail::ReadLeadingInteger;
+using TAMO::TEV::System::Util::detail::ReadReal;
 using TAMO::TEV::System::Util::detail::Sign;
 using TAMO::TEV::System::Util::detail::SplitIndices;
 using tev::test::IntegerShape;
@@ -248,6 +250,17 @@ TEST(MayBeReal, EveryShortTextAgreesWithTheModel) {
         ASSERT_EQ(MayBeReal(text), expected) << testing::PrintToString(text);
     });
     EXPECT_GT(accepted, 500U);
+}
+
+TEST(ReadNumber, NothingIsReadFromAnEmptyTextOrAPlusSign) {
+    for (const char* text : {"", "+"}) {
+        int integer = 7;
+        double real = 7;
+        EXPECT_FALSE(ReadLeadingInteger(text, integer));
+        EXPECT_FALSE(ReadReal(text, real));
+        EXPECT_EQ(integer, 7);
+        EXPECT_EQ(real, 7);
+    }
 }
 
 TEST(SplitIndices, Table) {

@@ -155,6 +155,7 @@ TEST(ReadPeImage, DamagedTablesAreNoted) {
         {"name without an end", Numbers({kBody, 0, 0, kBody + 16, 0x41414141}), {0, 0, kBody, 0}},
         {"functions outside", Numbers({9, 0, 0, kBody, 9, 0x41}), {0, 0, kBody, 0}},
         {"delayed imports outside", "body", {0, 0, 0, 0xFFFFFFFF}},
+        {"delayed name outside", Numbers({1, 0x7FFFFFFF, 0, 0, kBody, 0, 0, 0}), {0, 0, 0, kBody}},
         {"exports outside", "body", {0xFFFFFFFF, 0xFFFFFFFF, 0, 0}},
         {"many functions",
          Numbers({0, 0, 0, 0, 1, 0xFFFFFFFF, 0, kBody, kBody, kBody}),
@@ -162,10 +163,30 @@ TEST(ReadPeImage, DamagedTablesAreNoted) {
         {"many names",
          Numbers({0, 0, 0, 0, 1, 0, 0x10001, kBody, kBody, kBody}),
          {kBody, 40, 0, 0}},
+        {"functions of exports outside",
+         Numbers({0, 0, 0, 0, 1, 2, 0, 0x900, kBody, kBody}),
+         {kBody, 40, 0, 0}},
         {"names outside", Numbers({0, 0, 0, 0, 1, 0, 2, kBody, 0x900, kBody}), {kBody, 40, 0, 0}},
     };
     for (const auto& row : rows)
         EXPECT_EQ(ReadPeImage(PeAround(row.body, row.places)).flaw, PeFlaw::Damaged) << row.what;
+}
+
+TEST(ReadPeImage, ImportsEndAtAnEntryWithoutAddresses) {
+    constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
+    const std::string file = PeAround(Numbers({kBody, 0, 0, kBody, 0}), {0, 0, kBody, 0});
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
+    EXPECT_TRUE(ReadPeImage(file).imports.empty());
+}
+
+TEST(ReadPeImage, FunctionBehindTheExportsIsNoForwarder) {
+    constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
+    const std::string file = PeAround(
+        Numbers({0, 0, 0, 0, 1, 1, 0, kBody + 40, 0, 0, kBody + 44, 0x41}), {kBody, 44, 0, 0});
+    const PeImage image = ReadPeImage(file);
+    ASSERT_EQ(image.exports.functions.size(), 1U);
+    EXPECT_TRUE(image.exports.functions[0].isThere);
+    EXPECT_EQ(image.exports.functions[0].forwarder, "");
 }
 
 TEST(ReadPeImage, LongNamesAreNoModules) {
@@ -200,6 +221,8 @@ TEST(SplitForwarder, ModuleAndFunction) {
         {"other.#99999999999999999999", false, "", {}},
         {"other.#", false, "", {}},
         {"other.#1x", false, "", {}},
+        {"other.#1/", false, "", {}},
+        {"other.#-1", false, "", {}},
         {"other.", false, "", {}},
         {".Function", false, "", {}},
         {"other", false, "", {}},

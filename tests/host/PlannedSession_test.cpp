@@ -31,6 +31,9 @@ TEST_F(Planned, DoesNotTellTheCasesOfLettersApart) {
     EXPECT_TRUE(session_.Set("a\xE9\xF7", "1"));
     EXPECT_EQ(session_.Read("A\xC9\xF7"), "1");
     EXPECT_EQ(session_.Read("A\xC9\xD7"), std::nullopt) << "signs, no letters";
+    EXPECT_TRUE(session_.Set("\xFF", "1"));
+    EXPECT_EQ(session_.Read("\xFF"), "1");
+    EXPECT_EQ(session_.Read("\xDF"), std::nullopt) << "no pair in Latin-1";
 }
 
 TEST_F(Planned, NoTextDeletes) {
@@ -56,6 +59,8 @@ TEST_F(Planned, ChangesListsThatAreSet) {
     EXPECT_EQ(session_.Read("LIST"), "d;a;b;c");
     EXPECT_TRUE(session_.Modify("LIST", "A", false, kAdd)) << "it is there";
     EXPECT_TRUE(session_.Modify("LIST", "A", false, kRemove));
+    EXPECT_EQ(session_.Read("LIST"), "d;b;c");
+    EXPECT_FALSE(session_.Modify("LIST", std::string(32767, 'x'), false, kAdd));
     EXPECT_EQ(session_.Read("LIST"), "d;b;c");
     EXPECT_FALSE(session_.Modify("X", "a", false, kAdd));
     EXPECT_FALSE(session_.Modify("LIST", "a", false, 2));

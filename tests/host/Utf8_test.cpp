@@ -91,8 +91,9 @@ TEST(WidenUtf8, WhatIsNoCharacterIsRefused) {
 }
 
 TEST(NarrowUtf16, LoneSurrogatesAreRefused) {
-    for (const Units& units : {Units{0xD800}, Units{0xDC00}, Units{0xD800, u'a'},
-                               Units{0xD800, 0xD800}, Units{0xDC00, 0xD800}, Units{u'a', 0xDBFF}})
+    for (const Units& units :
+         {Units{0xD800}, Units{0xDC00}, Units{0xD800, u'a'}, Units{0xD800, 0xD800},
+          Units{0xD800, 0xE000}, Units{0xDC00, 0xD800}, Units{u'a', 0xDBFF}})
         EXPECT_EQ(Narrowed(units), std::nullopt);
 }
 

@@ -286,4 +286,19 @@ TEST(WideKernelsChoice, BestIsTheHighestRunnableLevel) {
     EXPECT_STREQ(Runnable().front()->level, "portable");
 }
 
+TEST(WideKernelsChoice, LevelsAreThoseOfTheProcessor) {
+    const std::size_t highest = wide::LevelsOf({true, true}).count;
+    const struct {
+        wide::Processor processor;
+        std::size_t count;
+    } rows[] = {
+        {{false, false}, 1},
+        {{false, true}, 1},
+        {{true, false}, std::min<std::size_t>(2, highest)},
+        {{true, true}, highest},
+    };
+    for (const auto& row : rows) EXPECT_EQ(wide::LevelsOf(row.processor).count, row.count);
+    EXPECT_LE(Runnable().size(), highest);
+}
+
 }  // namespace

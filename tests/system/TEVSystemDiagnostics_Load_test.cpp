@@ -169,6 +169,16 @@ TEST_F(ExplainLoadFailure, TellsWhichDirectoriesAreIgnored) {
     EXPECT_TRUE(Explain("tevplain", {missing.c_str()}).isPathConsulted);
 }
 
+TEST_F(ExplainLoadFailure, FolderThatTheSystemRefusesIsIgnored) {
+    const Explanation explanation = Explain("tev-no-such-module", {"."});
+    EXPECT_EQ(explanation.ignoredDirectories, std::vector<std::string>{"."});
+    EXPECT_FALSE(explanation.isPathConsulted) << "it exists";
+}
+
+TEST_F(ExplainLoadFailure, ContractThatTheSystemDoesNotHaveIsMissing) {
+    EXPECT_EQ(Explain("api-ms-win-tev-none-l9-1-0.dll").problem, Problem::ModuleMissing);
+}
+
 TEST_F(ExplainLoadFailure, NamesComeInTheCodePageAndGoOutAsUtf8) {
     const std::string path = CopyTo(folder_ / "d\xE9p\xF4t\x80.dll", Copy("tevplain"));
     const Explanation explanation = Explain(" " + path);

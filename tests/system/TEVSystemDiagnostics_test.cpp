@@ -59,6 +59,7 @@ TEST_F(ExplainProperty, NamesFileAndLineAndAgreesWithTheStore) {
 
 TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
     const Variable variable("TEV_TEST_EXPLAINED", "old");
+    const Variable notAskedFor("TEV_TEST_NOT_ASKED_FOR", "1");
     Load("k = 1\nf = 1\n", "u = 1\n");
     EXPECT_EQ(Get("TEV_TEST_EXPLAINED"), "old");
     variable.Set("new");
@@ -76,6 +77,7 @@ TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
         {"u", Layer::UserFile, "2", Layer::SetInProcess, "1"},
         {"f", Layer::SystemFile, "2", Layer::SystemFile, "1"},
         {"TEV_TEST_EXPLAINED", Layer::Environment, "new", Layer::CachedEnvironment, "old"},
+        {"TEV_TEST_NOT_ASKED_FOR", Layer::Environment, "1", Layer::Environment, "1"},
         {"nothing", Layer::None, "", Layer::None, ""},
         {kUserFile, Layer::Noted, nullptr, Layer::Noted, nullptr},
     };
@@ -223,6 +225,16 @@ TEST_F(SaveUserPropertiesPreserving, WritesNothingWhenNothingWasSet) {
 
 TEST_F(SaveUserPropertiesPreserving, LeavesWhatTheStoreNotesAlone) {
     EXPECT_EQ(Saved("a = 1\n", {{kUserFile, "x"}, {"b", "2"}}), "a = 1\nb = 2\n");
+}
+
+TEST_F(SaveUserPropertiesPreserving, PassesOverWhatIsNoLongerInTheTable) {
+    Load(std::nullopt, "a = 1\n");
+    Store::SetUserProperty("a", "2");
+    Store::SetUserProperty("b", "3");
+    OpenStore::User().erase("a");
+    EXPECT_TRUE(TEVSystemDiagnostics::SaveUserPropertiesPreserving(&changes_));
+    EXPECT_EQ(ReadAll(user_ / kUserFile), "a = 1\nb = 3\n");
+    EXPECT_THAT(Texts(changes_), ElementsAre("user b: - > 3"));
 }
 
 TEST_F(SaveUserPropertiesPreserving, FillsAnEmptyFile) {

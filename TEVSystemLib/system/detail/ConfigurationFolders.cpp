@@ -26,7 +26,7 @@ Folder FromApplicationData() {
 template <typename Candidate>
 Folder Holding(const char* fileName, Candidate candidate) noexcept try {
     Folder folder = candidate();
-    if (!folder || folder->empty() || !Util::TEVIO::exists(*folder + fileName)) return std::nullopt;
+    if (!folder || !Util::TEVIO::exists(*folder + fileName)) return std::nullopt;
     return folder;
 } catch (...) {
     return std::nullopt;

@@ -50,8 +50,10 @@ std::vector<std::size_t> NulLines(std::string_view text) {
 
 SourceFile ScanFile(FilePlace place, std::string_view text) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    SourceFile file{std::move(place), {}, {}, {}, NulLines(text), {}};
-    file.path = file.place.Path();
+    SourceFile file{};
+    file.path = place.Path();
+    file.place = std::move(place);
+    file.nulLines = NulLines(text);
     file.hasByteOrderMark = text.substr(0, kByteOrderMark.size()) == kByteOrderMark;
     KeyValueParser parser(text, KeyValueSyntax::EqualSeparated);
     LineNumbers numbers(text);

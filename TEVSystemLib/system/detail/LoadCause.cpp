@@ -72,9 +72,7 @@ std::string Reason(const ModuleFault& fault, const Explanation& explanation) {
     }
 }
 
-std::string WithFullStop(std::string text) {
-    return !text.empty() && text.back() == '.' ? text : text + '.';
-}
+std::string WithFullStop(std::string text) { return text.back() == '.' ? text : text + '.'; }
 
 }  // namespace
 

@@ -53,7 +53,7 @@ bool Exists(const std::string& file) { return TEVIO::exists(file); }
 
 std::optional<std::string> FindFixed(const std::string& name) {
     std::string path = FullPath(name);
-    if (path.empty() || !Exists(path)) return std::nullopt;
+    if (!Exists(path)) return std::nullopt;
     return path;
 }
 

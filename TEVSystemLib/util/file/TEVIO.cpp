@@ -130,8 +130,8 @@ bool TEVIO::dirExists(char const* path) try {
     if (HasType(path, kDirectory)) return true;
     // Older C runtimes do not find a folder by a name that ends with a separator.
     const std::string_view bare = detail::WithoutEndingSeparators(path);
-    return bare.size() < std::string_view(path).size() &&
-           HasType(std::string(bare).c_str(), kDirectory);
+    if (bare.size() == std::string_view(path).size()) return false;
+    return HasType(std::string(bare).c_str(), kDirectory);
 } catch (...) {
     return false;
 }

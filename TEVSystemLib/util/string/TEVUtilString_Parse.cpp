@@ -156,11 +156,11 @@ bool TEVUtilString::ExtractIndices(const char* const text, int& first, int& seco
     // KEEP: unlike the parsers this one writes its outputs on failure too.
     first = second = -1;
     const auto halves = detail::SplitIndices(detail::OrEmpty(text));
+    const std::string firstText(halves.first);
+    const std::string secondText(halves.second);
     int one = 0;
     int two = 0;
-    if (!ToInteger(std::string(halves.first).c_str(), one) ||
-        !ToInteger(std::string(halves.second).c_str(), two))
-        return false;
+    if (!ToInteger(firstText.c_str(), one) || !ToInteger(secondText.c_str(), two)) return false;
     first = one;
     second = two;
     return true;

@@ -59,7 +59,8 @@ std::optional<std::string> FileNameOf(const Process& process, HMODULE module) {
 }
 
 char* HandOut(const std::optional<std::string>& text) {
-    return text ? detail::MakeText(*text).release() : nullptr;
+    if (!text) return nullptr;
+    return detail::MakeText(*text).release();
 }
 
 }  // namespace

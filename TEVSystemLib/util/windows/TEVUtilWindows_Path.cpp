@@ -9,7 +9,8 @@ namespace TAMO::TEV::System::Util {
 
 char* TEVUtilWindows::GetDirectory(char const* const path) try {
     const auto folder = detail::FolderOf(detail::OrEmpty(path));
-    return folder ? detail::MakeText(*folder).release() : nullptr;
+    if (!folder) return nullptr;
+    return detail::MakeText(*folder).release();
 } catch (...) {
     return nullptr;
 }

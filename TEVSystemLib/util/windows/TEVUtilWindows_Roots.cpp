@@ -49,7 +49,7 @@ std::optional<std::string> DocumentsFolder() {
 
 }  // namespace
 
-char* TEVUtilWindows::GetCurrentProcessCorvidRootFolder() try {
+char* TEVUtilWindows::GetCurrentProcessCorvidRootFolder() {
     for (const char* marker :
          {"\\Plinth.dll", "\\SensorSupportDataLib.dll", "\\MeasureKitLib.dll"}) {
         const auto folder = FolderOfMarker(marker);
@@ -57,15 +57,14 @@ char* TEVUtilWindows::GetCurrentProcessCorvidRootFolder() try {
         if (folder && TEVUtilString::Copy(folder->c_str(), &copy, nullptr)) return copy;
     }
     return nullptr;
-} catch (...) {
-    return nullptr;
 }
 
 char* TEVUtilWindows::GetCurrentProcessKPTRootFolder() try {
     auto folder = ToolkitFolder(TEVSysCnst::STR_KPT_DATA_DIR, TEVSysCnst::STR_REL_PATH_DATA);
     if (!folder)
         folder = ToolkitFolder(TEVSysCnst::STR_CSM_PLUGIN_DIR, TEVSysCnst::STR_REL_PATH_PLUGINS);
-    return folder ? detail::MakeText(*folder).release() : nullptr;
+    if (!folder) return nullptr;
+    return detail::MakeText(*folder).release();
 } catch (...) {
     return nullptr;
 }

@@ -36,7 +36,7 @@ bool ExtractNumbers(T** out, std::uint64_t& count, const VARIANT* variant, VARTY
     const SAFEARRAY* array = detail::ArrayIn(variant, elementType);
     if (array == nullptr || array->pvData == nullptr) return false;
     const std::uint64_t found = detail::FirstCount(array);
-    if (allocate(found, out) != found) return false;
+    allocate(found, out);
     std::memcpy(*out, array->pvData, found * sizeof(T));
     count = found;
     return true;

@@ -156,6 +156,10 @@ TEST(GetPathEnvVariable, NullForWhatIsNotSet) {
     }
 }
 
+TEST(GetPathEnvVariable, NullOutputIsNothingToDo) {
+    EXPECT_NO_THROW(TEVUtilWindows::GetPathEnvVariable(kName, nullptr));
+}
+
 TEST(EnvironmentVariableExists, SetAndNotEmpty) {
     const Variable set(kName, "value");
     const Variable unset("TEV_TEST_UNSET");

@@ -34,7 +34,8 @@ class Beside {
 
     // What the system reports on closing only, reading back shows.
     bool Holds(const std::string& content) const {
-        return Write(path_, content) && ReadContent(path_) == content;
+        if (!Write(path_, content)) return false;
+        return ReadContent(path_) == content;
     }
     bool TakesThePlaceOf(const std::string& path) {
         isMoved_ = MoveOver(path_, path);

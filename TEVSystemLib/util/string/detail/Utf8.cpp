@@ -69,13 +69,12 @@ Sequence DecodeUnits(std::basic_string_view<Unit> text) {
     return {kBeyondOneUnit + ((first - kHighSurrogates) << 10) + (second - kLowSurrogates), 2};
 }
 
+// A character beyond ASCII.
 char* PutBytes(std::uint32_t character, char* to) {
     const auto tail = [&to, character](int shift) {
         *to++ = static_cast<char>(0x80 | (character >> shift & 0x3F));
     };
-    if (character < 0x80) {
-        *to++ = static_cast<char>(character);
-    } else if (character < 0x800) {
+    if (character < 0x800) {
         *to++ = static_cast<char>(0xC0 | character >> 6);
         tail(0);
     } else if (character < kBeyondOneUnit) {

@@ -7,7 +7,9 @@ namespace TAMO::TEV::System::Util::detail {
 
 std::optional<VariableEdit> EditToSet(std::string_view name, std::string_view value) {
     constexpr std::size_t kMaxValueLength = 32766;
-    VariableEdit edit{std::string(TrimIfSpaced(name)), std::string(TrimIfSpaced(value))};
+    VariableEdit edit;
+    edit.name = TrimIfSpaced(name);
+    edit.text = TrimIfSpaced(value);
     if (edit.name.empty() || edit.text.size() > kMaxValueLength) return std::nullopt;
     return edit;
 }

@@ -1,5 +1,7 @@
 #include "TEVSystemLib/util/string/detail/wide/Kernels.h"
 
+#include <algorithm>
+
 #if defined(TEV_WIDE_SSSE3) && defined(_MSC_VER)
 #include <intrin.h>
 #endif
@@ -35,15 +37,11 @@ bool HasAvx2() {
 bool HasSsse3() { return __builtin_cpu_supports("ssse3") != 0; }
 bool HasAvx2() { return __builtin_cpu_supports("avx2") != 0; }
 #endif
-
-std::size_t CountRunnable() {
-    if (!HasSsse3()) return 1;
-    return HasAvx2() ? 3 : 2;
-}
 #else
 constexpr const Kernels* kLevels[] = {&kPortable};
 
-std::size_t CountRunnable() { return 1; }
+bool HasSsse3() { return false; }
+bool HasAvx2() { return false; }
 #endif
 
 // The highest level that this build may use; see TEV_WIDE_LEVEL.
@@ -55,9 +53,14 @@ constexpr std::size_t kHighest = TEV_WIDE_HIGHEST;
 
 }  // namespace
 
-Levels RunnableLevels() {
-    static const std::size_t runnable = CountRunnable();
-    return {kLevels, runnable < kHighest ? runnable : kHighest};
+Levels LevelsOf(Processor processor) noexcept {
+    const std::size_t runnable = !processor.hasSsse3 ? 1 : !processor.hasAvx2 ? 2 : 3;
+    return {kLevels, std::min(runnable, kHighest)};
+}
+
+Levels RunnableLevels() noexcept {
+    static const Levels runnable = LevelsOf({HasSsse3(), HasAvx2()});
+    return runnable;
 }
 
 const Kernels* best = &kPortable;

@@ -45,12 +45,19 @@ struct Kernels {
     std::size_t (*narrowAscii)(const char16_t* from, std::size_t count, char* to);
 };
 
-// What this build has, the portable one first, and what this processor can run of it.
+// What this build has, the portable one first, and what a processor can run of it.
 struct Levels {
     const Kernels* const* first;
     std::size_t count;
 };
-Levels RunnableLevels();
+struct Processor {
+    bool hasSsse3;
+    bool hasAvx2;
+};
+Levels LevelsOf(Processor processor) noexcept;
+
+// Those of this processor.
+Levels RunnableLevels() noexcept;
 
 // The last of them, once the module is loaded; while statics are still being made, perhaps the
 // portable one.

@@ -1,0 +1,176 @@
+// The explanation of a load when the system refuses what the files allow, or memory is exhausted.
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <optional>
+#include <string>
+
+#include "TEVSystemLib/system/detail/LoadCause.h"
+#include "TEVSystemLib/system/detail/LoaderState.h"
+#include "fault/AllocationFaults.h"
+#include "fault/FaultyFiles.h"
+#include "fault/SystemCalls.h"
+#include "fixtures/Modules.h"
+#include "support/Folder.h"
+
+namespace {
+
+using TAMO::TEV::System::TEVSystemDiagnostics;
+using TAMO::TEV::System::detail::ConcludeLoad;
+using TAMO::TEV::System::detail::ModuleFault;
+using TAMO::TEV::System::detail::ReadModuleFile;
+using tev::fault::Attempt;
+using tev::fault::Fail;
+using tev::fault::FailNth;
+using tev::fault::Fault;
+using tev::fault::FaultyFiles;
+using tev::fault::FileCall;
+using tev::fault::Mode;
+
+namespace calls = tev::fault::calls;
+
+using Explanation = TEVSystemDiagnostics::LoadExplanation;
+using Module = TEVSystemDiagnostics::Module;
+using Problem = TEVSystemDiagnostics::LoadProblem;
+
+constexpr DWORD kStartRefused = 1114;
+
+class LoadExplanationFaults : public ::testing::Test {
+ protected:
+    Explanation Explain() const {
+        Explanation explanation;
+        EXPECT_TRUE(
+            TEVSystemDiagnostics::ExplainLoadFailure(plain_.c_str(), nullptr, 0, explanation));
+        return explanation;
+    }
+
+    const tev::test::Folder folder_;
+    const std::string plain_ = tev::test::CopyModule(folder_, "tevplain");
+};
+
+TEST_F(LoadExplanationFaults, RefusalWithoutAFaultInTheFilesIsUnexplained) {
+    const auto refuses = Fail(calls::LoadLibraryA, nullptr, ERROR_NOT_ENOUGH_MEMORY);
+    const Explanation explanation = Explain();
+    EXPECT_FALSE(explanation.isLoaded);
+    EXPECT_EQ(explanation.problem, Problem::Unexplained);
+    EXPECT_EQ(explanation.culprit, plain_);
+    EXPECT_NE(explanation.cause.find("the system gives the code 8, " + explanation.message),
+              std::string::npos)
+        << explanation.cause;
+}
+
+TEST_F(LoadExplanationFaults, StartThatIsRefusedOnceOnlyIsUnexplained) {
+    const auto refusesOnce = FailNth(0, calls::LoadLibraryA, nullptr, kStartRefused);
+    const Explanation explanation = Explain();
+    EXPECT_EQ(explanation.code, kStartRefused);
+    EXPECT_EQ(explanation.problem, Problem::Unexplained);
+    EXPECT_EQ(explanation.culprit, plain_);
+}
+
+TEST_F(LoadExplanationFaults, CodeWithoutAMessageIsNamedAlone) {
+    const auto noMessage = Fail(calls::FormatMessageW, 0U, ERROR_MR_MID_NOT_FOUND);
+    const auto refuses = Fail(calls::LoadLibraryA, nullptr, 0x20000001);
+    const Explanation explanation = Explain();
+    EXPECT_EQ(explanation.code, 0x20000001U);
+    EXPECT_EQ(explanation.message, "");
+    EXPECT_EQ(explanation.problem, Problem::Unexplained);
+}
+
+TEST_F(LoadExplanationFaults, PathThatIsTooLongForTheSystemHasNoFolders) {
+    const auto hasPath = [this] {
+        for (const auto& folder : Explain().folders)
+            if (folder.kind == TEVSystemDiagnostics::FolderKind::Path) return true;
+        return false;
+    };
+    EXPECT_TRUE(hasPath());
+    const auto tooLong = Fail(calls::GetEnvironmentVariableW, 32767U);
+    EXPECT_FALSE(hasPath());
+}
+
+TEST_F(LoadExplanationFaults, ExhaustedMemoryAtTheStartIsAFailure) {
+    constexpr std::ptrdiff_t kStart = 16;
+    for (const char* name : {"tevshort", "a-name-that-is-longer-than-a-short-one"}) {
+        for (std::ptrdiff_t n = 0; n < kStart; ++n) {
+            const char* folders[] = {folder_.Path().c_str()};
+            Explanation explanation;
+            Attempt attempt(Fault{n, Mode::Once});
+            const bool explained = attempt.Call([&] {
+                return TEVSystemDiagnostics::ExplainLoadFailure(name, folders, 1, explanation);
+            });
+            EXPECT_FALSE(attempt.Succeeded(explained)) << n;
+            EXPECT_EQ(explanation.cause, "");
+        }
+    }
+}
+
+Module Named(const char* name, const char* file, const char* flaw = "") {
+    Module module;
+    module.name = name;
+    module.file = file;
+    module.flaw = flaw;
+    return module;
+}
+
+Module Lacking(const char* function, const char* forwarder) {
+    Module module = Named("a-module-that-is-needed.dll", "C:\\a-module-that-is-needed.dll");
+    module.missingFunctions.push_back({function, forwarder});
+    return module;
+}
+
+TEST(ConcludeLoad, ExhaustedMemoryAtAnyStepIsThrown) {
+    constexpr const char* kName = "a-module-that-is-needed.dll";
+    const Module root = Named("C:\\the-module-that-loads.dll", "C:\\the-module-that-loads.dll");
+    const Module sound = Named(kName, "C:\\a-module-that-is-needed.dll");
+    const Module flawed = Named(kName, "C:\\a-module-that-is-needed.dll", "it is empty, so to say");
+    const Module missing = Named(kName, "");
+    const Module withoutFunction = Lacking("AFunctionWithALongName", "");
+    const Module withoutForwarded = Lacking("AFunctionWithALongName", "another.FunctionOfTheSame");
+    Module unreadable = sound;
+    unreadable.state = TEVSystemDiagnostics::ModuleState::Unreadable;
+    const ModuleFault faults[] = {
+        {Problem::ModuleMissing, &missing, &root},
+        {Problem::FunctionMissing, &withoutFunction, &root},
+        {Problem::FunctionMissing, &withoutForwarded, &root},
+        {Problem::NotAModule, &flawed, &root},
+        {Problem::NotAModule, &unreadable, &root},
+        {Problem::NotAModule, &root, nullptr},
+        {Problem::OtherMachine, &flawed, &root},
+        {Problem::StartRefused, &sound, &root},
+        {Problem::StartRefused, &root, nullptr},
+        {Problem::Unexplained, &root, nullptr},
+    };
+    for (const ModuleFault& fault : faults) {
+        for (std::ptrdiff_t n = 0;; ++n) {
+            Explanation explanation;
+            explanation.name = root.name;
+            bool isConcluded = false;
+            Attempt attempt(Fault{n, Mode::Once});
+            attempt.Call([&] {
+                ConcludeLoad(fault, explanation);
+                isConcluded = true;
+            });
+            EXPECT_EQ(attempt.Succeeded(isConcluded), !attempt.Threw<std::bad_alloc>());
+            if (!attempt.IsFaulted()) break;
+        }
+    }
+}
+
+TEST(ReadModuleFile, GivesTheWholeFileOrNothing) {
+    FaultyFiles files;
+    const std::string path = files.Add("a.dll", "content");
+    EXPECT_EQ(ReadModuleFile(path), "content");
+    files.readLimit = 3;
+    EXPECT_EQ(ReadModuleFile(path), std::nullopt) << "the file became shorter";
+    files.readLimit = FaultyFiles::kTrueSize;
+    files.toldSize = (std::uint64_t{1} << 30) + 1;
+    EXPECT_EQ(ReadModuleFile(path), std::nullopt) << "no module is so large";
+    files.toldSize = FaultyFiles::kTrueSize;
+    files.Fail(FileCall::OpenToRead);
+    EXPECT_EQ(ReadModuleFile(path), std::nullopt);
+    EXPECT_EQ(ReadModuleFile(path), "content") << "the next attempt";
+}
+
+}  // namespace

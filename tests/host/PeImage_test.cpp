@@ -172,11 +172,25 @@ TEST(ReadPeImage, DamagedTablesAreNoted) {
         EXPECT_EQ(ReadPeImage(PeAround(row.body, row.places)).flaw, PeFlaw::Damaged) << row.what;
 }
 
-TEST(ReadPeImage, ImportsEndAtAnEntryWithoutAddresses) {
+TEST(ReadPeImage, ImportsEndAtAnEntryWithoutNameOrAddresses) {
     constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
-    const std::string file = PeAround(Numbers({kBody, 0, 0, kBody, 0}), {0, 0, kBody, 0});
-    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
-    EXPECT_TRUE(ReadPeImage(file).imports.empty());
+    constexpr std::uint64_t kNone = 0;
+    for (const auto& [name, addresses] : {std::pair(kBody, kNone), std::pair(kNone, kBody)}) {
+        const std::string file =
+            PeAround(Numbers({kBody, 0, 0, name, addresses}), {0, 0, kBody, 0});
+        EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
+        EXPECT_TRUE(ReadPeImage(file).imports.empty());
+    }
+}
+
+TEST(ReadPeImage, HeaderIsNoTable) {
+    std::string file = PeFile({});
+    for (const std::size_t place : {4U, 12U, 16U, 20U, 24U, 28U, 32U, 36U}) file[place] = '\x20';
+    const PeImage image = ReadPeImage(file);
+    EXPECT_EQ(image.flaw, PeFlaw::None);
+    EXPECT_TRUE(image.imports.empty());
+    EXPECT_TRUE(image.exports.functions.empty());
+    EXPECT_EQ(image.exports.firstOrdinal, 0U);
 }
 
 TEST(ReadPeImage, FunctionBehindTheExportsIsNoForwarder) {
@@ -262,6 +276,23 @@ TEST(ReadPeImage, AddressesLieInTheHeaderOrInASection) {
               PeFlaw::None);
     EXPECT_EQ(ReadPeImage(Patched(fileWithNameAt(0x10), kHeaderSizePlace, 0x10)).flaw,
               PeFlaw::Damaged);
+}
+
+TEST(ReadPeImage, SectionsStandBehindEachOther) {
+    constexpr std::uint64_t kSecond = 0x2000;
+    constexpr std::size_t kCountPlace = 0x46;
+    // The header of the second one reaches 24 bytes into the body; what it says of the file is
+    // there.
+    const std::string body =
+        Numbers({48, 0x198, 0, 0, 0, 0, 0, 0, 0, kSecond, kSecond + 40, 0, 0, 0, 0, 0, 0, 0});
+    std::string file = PeAround(body, {0, 0, kSecond, 0});
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::Damaged);
+    PutNumber(file, kCountPlace, 2, 2);
+    file = Patched(Patched(file, 0x178, 48), 0x17C, kSecond);
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(file).imports.size(), 1U);
+    PutNumber(file, kCountPlace, 3, 2);
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::CutOff) << "a third one at a place beyond the file";
 }
 
 TEST(ReadPeImage, ImportsComeFromTheNamesOrElseTheAddresses) {

@@ -263,6 +263,13 @@ TEST(Steps, TellWhatEachDirectiveDoes) {
     }
 }
 
+TEST(Steps, HaveNoValuesWithoutAVariable) {
+    const auto model = Models(Models::Variables{{"", "x"}}).Make("tev.env.set.1=X|1");
+    ASSERT_EQ(model.Steps().size(), 1U);
+    EXPECT_EQ(model.Steps()[0].before, std::nullopt);
+    EXPECT_EQ(model.Steps()[0].after, std::nullopt);
+}
+
 TEST(Steps, TellWhatEachDirectiveAsksFor) {
     const struct {
         const char *line, *kind, *variable, *value, *reason;

@@ -371,7 +371,7 @@ TEST(SplitForwarder, ModuleAndFunction) {
     } rows[] = {
         {"other.Function", true, "other", {"Function", 0}},
         {"a.b.Function", true, "a.b", {"Function", 0}},
-        {"other.#12", true, "other", {"", 12}},
+        {"other.#1290", true, "other", {"", 1290}},
         {"other.#65535", true, "other", {"", 65535}},
         {"other.#65536", false, "", {}},
         {"other.#99999999999999999999", false, "", {}},

@@ -135,11 +135,15 @@ TEST(MakeModuleTree, SystemModulesAreNotFollowed) {
         .Add("root", Needing({{"kernel", {"There", "Sent", "Gone"}},
                               {"contract", {"Any"}},
                               {"standin", {"Any"}},
-                              {"lib.dll", {"ToKernel", "ToNowhere"}}}))
+                              {"lib.dll", {"ToKernel", "ToNowhere", "ToStandIn"}}}))
         .AddSystem("kernel", {{{"nowhere", {}}}, {{"There", ""}, {"Sent", "nowhere.F"}}})
         .AddSystem("standin", {})
         .AddSystem("kernel.dll", {{}, {{"There", ""}}})
-        .Add("lib.dll", {{}, {{"ToKernel", "kernel.There"}, {"ToNowhere", "kernel.Gone"}}});
+        .AddSystem("standin.dll", {})
+        .Add("lib.dll", {{},
+                         {{"ToKernel", "kernel.There"},
+                          {"ToNowhere", "kernel.Gone"},
+                          {"ToStandIn", "standin.Any"}}});
     EXPECT_EQ(Shown(modules.Tree("root")),
               "root 0 >(kernel 1 -Gone) >(contract 1) >(standin 1) "
               ">(lib.dll 0 -ToNowhere->kernel.Gone)");

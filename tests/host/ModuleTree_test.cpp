@@ -277,16 +277,17 @@ TEST(MakeModuleTree, SixteenForwardersAreTooMany) {
     }
 }
 
-TEST(MakeModuleTree, RepeatedOneIsCalledSoAtAnyDepth) {
+TEST(MakeModuleTree, OnesThatNeedNothingMoreAreCalledSoAtAnyDepth) {
     Modules chain;
-    for (int i = 0; i < 200; ++i)
-        chain.Add(std::to_string(i), Needing({{std::to_string((i + 1) % 200), {}}}));
+    for (int i = 0; i < 199; ++i)
+        chain.Add(std::to_string(i), Needing({{std::to_string(i + 1), {}}}));
+    chain.Add("199", Needing({{"0", {}}, {"kernel", {}}})).AddSystem("kernel", {});
     Module module = chain.Tree("0");
-    while (!module.imports.empty()) {
-        Module next = module.imports[0];
+    while (module.name != "199") {
+        Module next = module.imports.at(0);
         module = next;
     }
-    EXPECT_EQ(Node(module), "0 2 C:\\0 ");
+    EXPECT_EQ(Shown(module), "199 0 >(0 2) >(kernel 1)");
 }
 
 TEST(MakeModuleTree, FilesAreReadAndSoughtOnce) {

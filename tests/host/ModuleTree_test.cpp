@@ -135,15 +135,16 @@ TEST(MakeModuleTree, SystemModulesAreNotFollowed) {
         .Add("root", Needing({{"kernel", {"There", "Sent", "Gone"}},
                               {"contract", {"Any"}},
                               {"standin", {"Any"}},
-                              {"lib.dll", {"ToKernel", "ToNowhere", "ToStandIn"}}}))
+                              {"lib.dll", {"ToKernel", "ToNowhere", "ToStandIn", "ToSent"}}}))
         .AddSystem("kernel", {{{"nowhere", {}}}, {{"There", ""}, {"Sent", "nowhere.F"}}})
         .AddSystem("standin", {})
-        .AddSystem("kernel.dll", {{}, {{"There", ""}}})
+        .AddSystem("kernel.dll", {{}, {{"There", ""}, {"Sent", "nowhere.F"}}})
         .AddSystem("standin.dll", {})
         .Add("lib.dll", {{},
                          {{"ToKernel", "kernel.There"},
                           {"ToNowhere", "kernel.Gone"},
-                          {"ToStandIn", "standin.Any"}}});
+                          {"ToStandIn", "standin.Any"},
+                          {"ToSent", "kernel.Sent"}}});
     EXPECT_EQ(Shown(modules.Tree("root")),
               "root 0 >(kernel 1 -Gone) >(contract 1) >(standin 1) "
               ">(lib.dll 0 -ToNowhere->kernel.Gone)");

@@ -63,6 +63,10 @@ TEST(Lint, FindsWhatIsOddInASystemFile) {
         {"\xEF\xBB\xBF# a\n", "1 byte-order-mark, 1 no-separator"},
         {"a=1\nb=1\0\n"s, "2 nul-byte"},
         {"a=1\0\0\nb=1\0\n"s, "1 nul-byte, 1 no-separator, 2 nul-byte"},
+        {"a=1\0\nb=1\0\0\n"s, "1 nul-byte, 2 nul-byte, 2 no-separator"},
+        {"a=1\na\n", "2 no-separator"},
+        {"tevx=1\nkev.x=1\n", ""},
+        {"tev.env.del.1=X\na\n", "1 ignored-directive, 2 no-separator"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);
@@ -87,6 +91,8 @@ TEST(Lint, FindsWhatIsOddInAUserFile) {
         {"tev.user.properties=x\ntev.user.config.dir=y\n", ""},
         {"tev.env.add.1=L|x\n", "1 user-directive"},
         {"a=%s%\n", ""},
+        {"tevx=1\n", ""},
+        {"TEV.log.level=info\n", "1 key-case"},
         {"a=%nope%\n", "1 unresolved-reference"},
     };
     for (const Row& row : rows) {
@@ -96,21 +102,111 @@ TEST(Lint, FindsWhatIsOddInAUserFile) {
     }
 }
 
-TEST(Lint, SaysWhatIsMeant) {
-    const struct {
-        const char *text, *message;
-    } rows[] = {
-        {"tev.lgo.level=x", "unknown key \"tev.lgo.level\"; did you mean \"tev.log.level\"?"},
-        {"tev.quite.another.thing=x", "unknown key \"tev.quite.another.thing\""},
-        {"a=1\na=2", "\"a\" is written again in line 2, which counts"},
-        {"tev.log.level=loud", "\"loud\" is no level; the default \"DEBUG\" is taken"},
-        {"tev.env.replace.1=X|1", "the directive is ignored: the variable is not set (X)"},
+// A finding as one text: "file:line severity id [key] {value} message".
+std::string Whole(const TEVSystemDiagnostics::Finding& finding) {
+    return finding.place.file + ":" + std::to_string(finding.place.line) +
+           (finding.severity == TEVSystemDiagnostics::Severity::Note ? " note " : " warning ") +
+           finding.id + " [" + finding.key + "] {" + finding.value + "} " + finding.message;
+}
+
+struct WholeRow {
+    std::string text;
+    const char* finding;
+};
+
+TEST(Lint, TellsAllAboutAFindingInASystemFile) {
+    const WholeRow rows[] = {
+        {"\xEF\xBB\xBF=1",
+         "1 warning byte-order-mark [] {} the file begins with a byte order mark, which counts as "
+         "part of its first line"},
+        {"b=1\n\0"s,
+         "2 warning nul-byte [] {} a NUL byte may end the value here; is the file UTF-16?"},
+        {"=c", "1 warning no-key [] {} the line begins with \"=\" and adds nothing"},
+        {"a=1\na",
+         "2 warning no-separator [a] {} \"a\" has no \"=\" behind it; the line adds nothing"},
+        {"a=", "1 warning no-value [a] {} \"a\" has no value; the line adds nothing"},
+        {"a=1\n\na=2",
+         "1 warning duplicate-key [a] {} \"a\" is written again in line 3, which counts"},
+        {"tev.system.properties=1",
+         "1 warning noted-key [tev.system.properties] {} the store puts its own value in place of "
+         "\"tev.system.properties\""},
+        {"TEV.log.level=warn",
+         "1 warning key-case [TEV.log.level] {} no lookup of \"tev.log.level\" finds this key: "
+         "case counts"},
+        {"tev.lgo.level=x",
+         "1 warning unknown-key [tev.lgo.level] {} unknown key \"tev.lgo.level\"; did you mean "
+         "\"tev.log.level\"?"},
+        {"tev.quite.another.thing=x",
+         "1 warning unknown-key [tev.quite.another.thing] {} unknown key "
+         "\"tev.quite.another.thing\""},
+        {"tev.environment.of.quite.another.kind=x",
+         "1 warning unknown-key [tev.environment.of.quite.another.kind] {} unknown key "
+         "\"tev.environment.of.quite.another.kind\""},
+        {"a=%nope%",
+         "1 warning unresolved-reference [a] {} %nope% is in no table and no environment variable; "
+         "it stays as it is"},
+        {"a=%a%",
+         "1 warning self-reference [a] {} %a% refers to its own line; the text is put in "
+         "unexpanded"},
+        {"b=%L%\na=%b%",
+         "2 warning expanded-later [a] {} %b% is expanded after \"a\"; its own references are put "
+         "in unexpanded"},
+        {"tev.logging.status=YES",
+         "1 note rewritten [tev.logging.status] {YES} \"YES\" reads back in canonical form, true "
+         "or "
+         "false"},
+        {"tev.logging.status=maybe",
+         "1 warning default-taken [tev.logging.status] {maybe} \"maybe\" is no switch; the default "
+         "\"off\" is taken"},
+        {"tev.log.level=loud",
+         "1 warning default-taken [tev.log.level] {loud} \"loud\" is no level; the default "
+         "\"DEBUG\" is taken"},
+        {"tev.log.loggers=%L%",
+         "1 warning default-taken [tev.log.loggers] {l} \"l\" is no logger list; the default "
+         "\"plain.file\" is taken"},
+        {"tamo:corvid.csmxform.operation.mode=x",
+         "1 warning default-taken [tamo:corvid.csmxform.operation.mode] {x} \"x\" is no mode; the "
+         "default \"minimum\" is taken"},
+        {"\ntev.env.replace.1=X|1",
+         "2 warning ignored-directive [tev.env.replace.1] {} the directive is ignored: the "
+         "variable "
+         "is not set (X)"},
+        {"tev.env.new.1=|",
+         "1 warning ignored-directive [tev.env.new.1] {} the directive is ignored: nothing stands "
+         "on one side of the \"|\""},
+        {"tev.env.add.path.1=L|C:/no",
+         "1 warning ignored-directive [tev.env.add.path.1] {C:\\no} the directive is ignored: "
+         "there "
+         "is no such folder: C:\\no (L)"},
+        {"tev.env.set.1=L|x",
+         "1 warning unknown-directive [tev.env.set.1] {} the directive is ignored: no directive "
+         "begins like this key"},
     };
-    for (const auto& row : rows) {
-        const auto findings = Lint(Models().Make(row.text), Table::System);
-        ASSERT_EQ(findings.size(), 1U) << row.text;
-        EXPECT_EQ(findings[0].message, row.message);
-        EXPECT_EQ(findings[0].place.file, "S/tev.system.properties");
+    for (const WholeRow& row : rows) {
+        SCOPED_TRACE(row.text);
+        const auto findings = Lint(Models(kVariables).Make(row.text), Table::System);
+        ASSERT_FALSE(findings.empty());
+        EXPECT_EQ(Whole(findings[0]), std::string("S/tev.system.properties:") + row.finding);
+    }
+}
+
+TEST(Lint, TellsAllAboutAFindingInAUserFile) {
+    const WholeRow rows[] = {
+        {"tev.log.level=loud",
+         "1 warning not-put-right [tev.log.level] {loud} \"loud\" is no level; a user value is not "
+         "put right, and wins as it is"},
+        {"a=1\ntev.env.add.1=L|x",
+         "2 warning user-directive [tev.env.add.1] {} directives count in the system file only; "
+         "here it does nothing"},
+        {"tev.environment.of.quite.another.kind=x",
+         "1 warning unknown-key [tev.environment.of.quite.another.kind] {} unknown key "
+         "\"tev.environment.of.quite.another.kind\""},
+    };
+    for (const WholeRow& row : rows) {
+        SCOPED_TRACE(row.text);
+        const auto findings = Lint(Models(kVariables).Make("s=1\n", row.text), Table::User);
+        ASSERT_EQ(findings.size(), 1U);
+        EXPECT_EQ(Whole(findings[0]), std::string("U/tev.user.properties:") + row.finding);
     }
 }
 

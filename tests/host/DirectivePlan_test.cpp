@@ -205,7 +205,7 @@ TEST(ExamineDirectives, TellsWhyAnEntryIsLeftOut) {
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.key) + " = " + row.text);
         const auto entries =
-            ExamineDirectives({{"a", "b"}, {row.key, row.text}, {"tev.f", "g"}},
+            ExamineDirectives({{"a", "b"}, {row.key, row.text}, {"tev.envy", "c"}, {"tev.f", "g"}},
                               [](const std::string& folder) { return folder == kFolder; });
         ASSERT_EQ(entries.size(), 1U);
         EXPECT_EQ(entries[0].key, row.key);

@@ -11,6 +11,7 @@ using TAMO::TEV::System::detail::Explain;
 using TAMO::TEV::System::detail::KeysOf;
 using tev::test::Models;
 
+using Fate = TEVSystemDiagnostics::Fate;
 using Layer = TEVSystemDiagnostics::Layer;
 
 // A source as one text: "layer file:line written > value".
@@ -18,7 +19,7 @@ std::string Text(const TEVSystemDiagnostics::Source& source) {
     static const char* const names[] = {"none",   "user",        "system", "noted",
                                         "cached", "environment", "set"};
     std::string text = names[static_cast<int>(source.layer)];
-    if (source.place.line > 0)
+    if (source.place.line > 0 || !source.place.file.empty())
         text += " " + source.place.file + ":" + std::to_string(source.place.line);
     return text + " " + source.written + " > " + source.value;
 }
@@ -47,6 +48,17 @@ TEST(Explain, NamesTheLayerAndItsLine) {
         {"tev.env.add.1=LIST|b\n", "", "LIST", "environment a;b > a;b", ""},
         {"BOTH=file", "", "BOTH", "system S/tev.system.properties:1 file > file",
          "environment variable > variable; "},
+        {"BOTH=variable", "", "BOTH", "system S/tev.system.properties:1 variable > variable",
+         "environment variable > variable; "},
+        {"a=%ENV%", "", "ENV", "cached e > e", ""},
+        {"", "k=1\nk=2\nk=3\nk", "k", "user U/tev.user.properties:3 3 > 3",
+         "user U/tev.user.properties:1 1 > 1; user U/tev.user.properties:2 2 > 2; "},
+        {"k\nk=1\n=k\n", "", "k", "system S/tev.system.properties:2 1 > 1", ""},
+        {"", "tev.user.config.dir=x", "tev.user.config.dir", "noted U/ > U/",
+         "user U/tev.user.properties:1 x > x; "},
+        {"", "", "tev.system.properties", "noted S/tev.system.properties > S/tev.system.properties",
+         ""},
+        {"", "u=%k%\n", "u", "user U/tev.user.properties:1 %k% > %k%", ""},
         {"tev.log.level=loud", "", "tev.log.level", "system S/tev.system.properties:1 loud > DEBUG",
          ""},
         {"tev.log.level=loud", "tev.log.level=shy", "tev.log.level",
@@ -65,20 +77,22 @@ TEST(Explain, NamesTheLayerAndItsLine) {
 }
 
 TEST(Explain, FollowsEachReference) {
-    using Fate = TEVSystemDiagnostics::Fate;
+    const std::string kSystem = "S/tev.system.properties";
+    const std::string kUser = "U/tev.user.properties";
     const struct {
         const char* name;
         Fate fate;
         Layer layer;
+        std::string file;
         std::size_t line;
         const char* value;
     } rows[] = {
-        {"a", Fate::Resolved, Layer::SystemFile, 2, "1"},
-        {"d", Fate::ExpandedLater, Layer::SystemFile, 3, "%a%"},
-        {"c", Fate::ToItself, Layer::SystemFile, 1, "%a%%d%%c%%ENV%%u%%nope%"},
-        {"ENV", Fate::Resolved, Layer::Environment, 0, "e"},
-        {"u", Fate::ExpandedLater, Layer::UserFile, 1, "%a%u"},
-        {"nope", Fate::Unresolved, Layer::None, 0, ""},
+        {"a", Fate::Resolved, Layer::SystemFile, kSystem, 2, "1"},
+        {"d", Fate::ExpandedLater, Layer::SystemFile, kSystem, 3, "%a%"},
+        {"c", Fate::ToItself, Layer::SystemFile, kSystem, 1, "%a%%d%%c%%ENV%%u%%nope%"},
+        {"ENV", Fate::Resolved, Layer::Environment, "", 0, "e"},
+        {"u", Fate::ExpandedLater, Layer::UserFile, kUser, 1, "%a%u"},
+        {"nope", Fate::Unresolved, Layer::None, "", 0, ""},
     };
     const auto model =
         Models(kVariables).Make("c=%a%%d%%c%%ENV%%u%%nope%\na=1\nd=%a%\n", "u=%a%u\n");
@@ -92,7 +106,56 @@ TEST(Explain, FollowsEachReference) {
         EXPECT_EQ(reference.fate, rows[i].fate);
         EXPECT_EQ(reference.layer, rows[i].layer);
         EXPECT_EQ(reference.place.line, rows[i].line);
+        EXPECT_EQ(reference.place.file, rows[i].file);
         EXPECT_EQ(reference.value, rows[i].value);
+    }
+}
+
+TEST(Explain, FollowsReferencesToWhatIsNotedCachedOrTheUsers) {
+    const struct {
+        const char *system, *user, *key;
+        TEVSystemDiagnostics::Fate fate;
+        Layer layer;
+        const char* place;
+        const char* value;
+    } rows[] = {
+        {"z=%ENV%\nk=%ENV%", "", "z", Fate::Resolved, Layer::CachedEnvironment, ":0", "e"},
+        {"k=%tev.sys.config.dir%", "", "k", Fate::Resolved, Layer::Noted, ":0", "S/"},
+        {"s=1", "k=%s%", "k", Fate::Resolved, Layer::SystemFile, "S/tev.system.properties:1", "1"},
+        {"u=1", "k=%u%\nu=2", "k", Fate::Resolved, Layer::UserFile, "U/tev.user.properties:2", "2"},
+        {"k=1", "k=%k%", "k", Fate::ToItself, Layer::UserFile, "U/tev.user.properties:1", "%k%"},
+        {"s=%k%", "k=%s%", "k", Fate::Resolved, Layer::SystemFile, "S/tev.system.properties:1",
+         "%s%"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.system) + " " + row.user);
+        const auto explanation = Explain(Models(kVariables).Make(row.system, row.user), row.key);
+        ASSERT_EQ(explanation.references.size(), 1U);
+        const auto& reference = explanation.references[0];
+        EXPECT_EQ(reference.fate, row.fate);
+        EXPECT_EQ(reference.layer, row.layer);
+        EXPECT_EQ(reference.place.file + ":" + std::to_string(reference.place.line), row.place);
+        EXPECT_EQ(reference.value, row.value);
+    }
+}
+
+TEST(Explain, TellsTheAnswerBeforeItWasPutRight) {
+    const struct {
+        const char *system, *key, *written, *expanded, *value;
+    } rows[] = {
+        {"tev.log.level=%LIST%", "tev.log.level", "%LIST%", "a", "DEBUG"},
+        {"k=%ENV%", "k", "%ENV%", "e", "e"},
+        {"", "ENV", "e", "e", "e"},
+        {"", "nothing", "", "", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.key);
+        const auto explanation = Explain(Models(kVariables).Make(row.system), row.key);
+        EXPECT_EQ(explanation.key, row.key);
+        EXPECT_EQ(explanation.answer.written, row.written);
+        EXPECT_EQ(explanation.expanded, row.expanded);
+        EXPECT_EQ(explanation.answer.value, row.value);
+        EXPECT_FALSE(explanation.isStoreMade);
     }
 }
 
@@ -190,11 +253,48 @@ TEST(Steps, TellWhatEachDirectiveDoes) {
         const auto model = Models(kVariables).Make(row.line);
         ASSERT_EQ(model.Steps().size(), 1U);
         const auto& step = model.Steps()[0];
+        EXPECT_EQ(step.key, row.line.substr(0, row.line.find('=')));
         EXPECT_EQ(step.outcome, row.outcome);
         EXPECT_EQ(step.before.value_or("-"), row.before);
         EXPECT_EQ(step.after.value_or("-"), row.after);
         EXPECT_EQ(step.reason, row.reason);
         EXPECT_EQ(step.place.line, 1U);
+        EXPECT_EQ(step.place.file, "S/tev.system.properties");
+        EXPECT_EQ(step.isFolderMissing, step.reason.find("there is no such folder") == 0);
+    }
+}
+
+TEST(Steps, HaveNoValuesWithoutAVariable) {
+    const auto model = Models(Models::Variables{{"", "x"}}).Make("tev.env.set.1=X|1");
+    ASSERT_EQ(model.Steps().size(), 1U);
+    EXPECT_EQ(model.Steps()[0].before, std::nullopt);
+    EXPECT_EQ(model.Steps()[0].after, std::nullopt);
+}
+
+TEST(Steps, TellWhatEachDirectiveAsksFor) {
+    const struct {
+        const char *line, *kind, *variable, *value, *reason;
+    } rows[] = {
+        {"tev.env.add.path.1=LIST|C:/no", "add.path", "LIST", "C:\\no",
+         "there is no such folder: C:\\no"},
+        {"tev.env.del.1= ENV", "del", "ENV", "", ""},
+        {"tev.env.rm.1=ENV|e", "rm", "ENV", "e", ""},
+        {"tev.env.set.1=ENV|e", "", "", "", "no directive begins like this key"},
+        {"tev.env.new.1=X|", "new", "X", "", "nothing stands on one side of the \"|\""},
+        {"tev.env.new.1=X|1|2", "new", "X", "", "it has more than two pieces around \"|\""},
+        {"tev.env.new.1=X|%BLANK%", "new", "X", "", "its name or its value is blank"},
+        {"tev.env.del.1=%BLANK%", "del", "", "", "it names no variable"},
+        {"tev.env.replace.1=ENV", "replace", "ENV", "", "there is no \"|\" between name and value"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.line);
+        const auto model = Models(kVariables).Make(row.line);
+        ASSERT_EQ(model.Steps().size(), 1U);
+        const auto& step = model.Steps()[0];
+        EXPECT_EQ(step.kind, row.kind);
+        EXPECT_EQ(step.variable, row.variable);
+        EXPECT_EQ(step.value, row.value);
+        EXPECT_EQ(step.reason, row.reason);
     }
 }
 

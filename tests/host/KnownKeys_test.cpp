@@ -17,6 +17,12 @@ TEST(IsKnownKey, CountsTheCase) {
     EXPECT_FALSE(IsKnownKey(""));
 }
 
+TEST(IsKnownKey, HoldsForEveryKeyOfTheFramework) {
+    for (const char* key : {"tev.log.loggers", "tev.logging.status", "tev.sys.config.dir",
+                            "tev.user.config.dir", "tev.system.properties", "tev.user.properties"})
+        EXPECT_TRUE(IsKnownKey(key)) << key;
+}
+
 TEST(NearestKnownKey, AllowsAThirdOfTheLettersToBeWrong) {
     const struct {
         const char *key, *nearest;
@@ -30,6 +36,23 @@ TEST(NearestKnownKey, AllowsAThirdOfTheLettersToBeWrong) {
         {"tev.logging", "(none)"},
         {"tev.kit", "(none)"},
         {"", "(none)"},
+        // The most that may be replaced, put in and left out, at either end; then one more.
+        {"tev.log.lXXXX", "tev.log.level"},
+        {"tev.log.XXXXX", "(none)"},
+        {"XXXX.log.level", "tev.log.level"},
+        {"tev.log.levelxxxxxx", "tev.log.level"},
+        {"tev.log.levelxxxxxxx", "(none)"},
+        {"xxxxxxtev.log.level", "tev.log.level"},
+        {"xxxxxxxtev.log.level", "(none)"},
+        {"tev.log.xxxxxxlevel", "tev.log.level"},
+        {"tev.log.xxxxxxxlevel", "(none)"},
+        {".log.level", "tev.log.level"},
+        {"log.level", "(none)"},
+        {"tev.log.le", "tev.log.level"},
+        {"tev.log.l", "(none)"},
+        // Of those that are equally near the first one.
+        {"tev.path.srtm9", "tev.path.srtm1"},
+        {"tamo:corvid.log.dri", "tamo:corvid.log.dir"},
     };
     for (const auto& row : rows) {
         const char* nearest = NearestKnownKey(row.key);

@@ -61,6 +61,10 @@ TEST(ConcludeLoad, NamesTheCulpritBelow) {
          "there is no file D:\\lib.dll."},
         {Problem::FunctionMissing, Lacking({{"F", ""}}),
          "root.dll asks lib.dll (C:\\lib.dll) for the function F, which it does not export."},
+        {Problem::FunctionMissing, Lacking({{"F", ""}, {"G", ""}}),
+         "root.dll asks lib.dll (C:\\lib.dll) for the function F, which it does not export, and "
+         "for "
+         "1 more."},
         {Problem::FunctionMissing, Lacking({{"#7", "x.F"}, {"G", ""}, {"H", ""}}),
          "root.dll asks lib.dll (C:\\lib.dll) for the function #7, which it forwards to x.F, where "
          "there is none, and for 2 more."},

@@ -46,8 +46,15 @@ class Modules {
     std::optional<ModulePlace> Find(const std::string& name) const {
         if (name == "contract") return ModulePlace{"", true};
         for (const char* drive : {"C:\\", "S:\\"})
-            if (files_.count(drive + name) != 0) return ModulePlace{drive + name, *drive == 'S'};
+            if (files_.count(drive + name) != 0) return PlaceOf(drive + name);
         return std::nullopt;
+    }
+
+    static ModulePlace PlaceOf(const std::string& file) {
+        ModulePlace place;
+        place.file = file;
+        if (file[0] == 'S') place.isOfTheSystem = true;
+        return place;
     }
 
     std::map<std::string, std::string> files_;
@@ -128,11 +135,16 @@ TEST(MakeModuleTree, SystemModulesAreNotFollowed) {
         .Add("root", Needing({{"kernel", {"There", "Sent", "Gone"}},
                               {"contract", {"Any"}},
                               {"standin", {"Any"}},
-                              {"lib.dll", {"ToKernel", "ToNowhere"}}}))
+                              {"lib.dll", {"ToKernel", "ToNowhere", "ToStandIn", "ToSent"}}}))
         .AddSystem("kernel", {{{"nowhere", {}}}, {{"There", ""}, {"Sent", "nowhere.F"}}})
         .AddSystem("standin", {})
-        .AddSystem("kernel.dll", {{}, {{"There", ""}}})
-        .Add("lib.dll", {{}, {{"ToKernel", "kernel.There"}, {"ToNowhere", "kernel.Gone"}}});
+        .AddSystem("kernel.dll", {{}, {{"There", ""}, {"Sent", "nowhere.F"}}})
+        .AddSystem("standin.dll", {})
+        .Add("lib.dll", {{},
+                         {{"ToKernel", "kernel.There"},
+                          {"ToNowhere", "kernel.Gone"},
+                          {"ToStandIn", "standin.Any"},
+                          {"ToSent", "kernel.Sent"}}});
     EXPECT_EQ(Shown(modules.Tree("root")),
               "root 0 >(kernel 1 -Gone) >(contract 1) >(standin 1) "
               ">(lib.dll 0 -ToNowhere->kernel.Gone)");
@@ -213,6 +225,89 @@ TEST(MakeModuleTree, DelayedModulesStopNoLoad) {
     EXPECT_EQ(CulpritOf(root), "none");
 }
 
+// "name state file flaw", and "delayed" where it is.
+std::string Node(const Module& module) {
+    return module.name + ' ' + std::to_string(static_cast<int>(module.state)) + ' ' + module.file +
+           ' ' + module.flaw + (module.isDelayed ? " delayed" : "");
+}
+
+TEST(MakeModuleTree, TellsAllAboutAModule) {
+    const std::string locked = "locked.dll";
+    Modules modules;
+    modules.Add("lib", {})
+        .AddFile("text", "text")
+        .Add("x86", {{}, {}, tev::test::kPeX86})
+        .AddFile(locked, "")
+        .AddSystem("kernel", {})
+        .AddSystem("broken", {{}, {}, 0xAA64});
+    const struct {
+        const char *name, *node;
+    } rows[] = {
+        {"lib", "lib 0 C:\\lib "},
+        {"text", "text 6 C:\\text it does not begin as a module does"},
+        {"x86", "x86 7 C:\\x86 32-bit x86"},
+        {"locked.dll", "locked.dll 5 C:\\locked.dll "},
+        {"kernel", "kernel 1 S:\\kernel "},
+        {"broken", "broken 7 S:\\broken 64-bit ARM"},
+        {"contract", "contract 1  "},
+        {"gone", "gone 4  "},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Node(modules.Tree(row.name)), row.node);
+        modules.Add("plain", Needing({{row.name, {}}}));
+        modules.Add("lazy", Needing({{row.name, {}, true}}));
+        EXPECT_EQ(Node(modules.Tree("plain").imports.at(0)), row.node);
+        EXPECT_EQ(Node(modules.Tree("lazy").imports.at(0)), row.node + std::string(" delayed"));
+    }
+}
+
+TEST(MakeModuleTree, SixteenForwardersAreTooMany) {
+    const auto functionsOfChain = [](int forwards) {
+        std::vector<tev::test::PeGives> functions;
+        for (int i = 0; i < forwards; ++i)
+            functions.push_back({"F" + std::to_string(i), "lib.F" + std::to_string(i + 1)});
+        functions.push_back({"F" + std::to_string(forwards), ""});
+        return functions;
+    };
+    for (const int forwards : {1, 15, 16}) {
+        Modules modules;
+        modules.Add("root", Needing({{"lib.dll", {"F0"}}}))
+            .Add("lib.dll", {{}, functionsOfChain(forwards)});
+        EXPECT_EQ(modules.Tree("root").imports[0].missingFunctions.empty(), forwards < 16)
+            << forwards;
+    }
+}
+
+TEST(MakeModuleTree, OnesThatNeedNothingMoreAreCalledSoAtAnyDepth) {
+    Modules chain;
+    for (int i = 0; i < 199; ++i)
+        chain.Add(std::to_string(i), Needing({{std::to_string(i + 1), {}}}));
+    chain.Add("199", Needing({{"0", {}}, {"kernel", {}}})).AddSystem("kernel", {});
+    Module module = chain.Tree("0");
+    while (module.name != "199") {
+        Module next = module.imports.at(0);
+        module = next;
+    }
+    EXPECT_EQ(Shown(module), "199 0 >(0 2) >(kernel 1)");
+}
+
+TEST(MakeModuleTree, FilesAreReadAndSoughtOnce) {
+    std::map<std::string, int> sought;
+    std::map<std::string, int> read;
+    const std::string content = PeFile(Needing({{"lib", {}}, {"LIB", {"F"}}, {"lib", {}, true}}));
+    const ModuleAccess access{[&sought](const std::string& name) {
+                                  ++sought[name];
+                                  return ModulePlace{"C:\\" + name, false};
+                              },
+                              [&](const std::string& file) {
+                                  ++read[file];
+                                  return std::optional(content);
+                              }};
+    MakeModuleTree("root", access);
+    EXPECT_EQ(sought, (std::map<std::string, int>{{"lib", 1}, {"root", 1}}));
+    EXPECT_EQ(read, (std::map<std::string, int>{{"C:\\lib", 1}, {"C:\\root", 1}}));
+}
+
 TEST(MakeModuleTree, LongChainsAndWideTreesEnd) {
     Modules chain;
     for (int i = 0; i < 300; ++i)
@@ -287,6 +382,12 @@ TEST(WithModuleEnding, UnlessThereIsOne) {
         {"C:\\x.y\\module", "C:\\x.y\\module.dll"},
         {"C:/x.y/module", "C:/x.y/module.dll"},
         {"", ".dll"},
+        {"C:\\", "C:\\.dll"},
+        {"C:\\x.\\module", "C:\\x.\\module.dll"},
+        {"C:\\.a", "C:\\.a"},
+        {".a", ".a"},
+        {"C:\\module.", "C:\\module"},
+        {"a.b.", "a.b"},
     };
     for (const auto& row : rows) EXPECT_EQ(WithModuleEnding(row[0]), row[1]);
 }

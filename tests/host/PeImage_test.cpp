@@ -172,11 +172,25 @@ TEST(ReadPeImage, DamagedTablesAreNoted) {
         EXPECT_EQ(ReadPeImage(PeAround(row.body, row.places)).flaw, PeFlaw::Damaged) << row.what;
 }
 
-TEST(ReadPeImage, ImportsEndAtAnEntryWithoutAddresses) {
+TEST(ReadPeImage, ImportsEndAtAnEntryWithoutNameOrAddresses) {
     constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
-    const std::string file = PeAround(Numbers({kBody, 0, 0, kBody, 0}), {0, 0, kBody, 0});
-    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
-    EXPECT_TRUE(ReadPeImage(file).imports.empty());
+    constexpr std::uint64_t kNone = 0;
+    for (const auto& [name, addresses] : {std::pair(kBody, kNone), std::pair(kNone, kBody)}) {
+        const std::string file =
+            PeAround(Numbers({kBody, 0, 0, name, addresses}), {0, 0, kBody, 0});
+        EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
+        EXPECT_TRUE(ReadPeImage(file).imports.empty());
+    }
+}
+
+TEST(ReadPeImage, HeaderIsNoTable) {
+    std::string file = PeFile({});
+    for (const std::size_t place : {4U, 12U, 16U, 20U, 24U, 28U, 32U, 36U}) file[place] = '\x20';
+    const PeImage image = ReadPeImage(file);
+    EXPECT_EQ(image.flaw, PeFlaw::None);
+    EXPECT_TRUE(image.imports.empty());
+    EXPECT_TRUE(image.exports.functions.empty());
+    EXPECT_EQ(image.exports.firstOrdinal, 0U);
 }
 
 TEST(ReadPeImage, FunctionBehindTheExportsIsNoForwarder) {
@@ -187,6 +201,132 @@ TEST(ReadPeImage, FunctionBehindTheExportsIsNoForwarder) {
     ASSERT_EQ(image.exports.functions.size(), 1U);
     EXPECT_TRUE(image.exports.functions[0].isThere);
     EXPECT_EQ(image.exports.functions[0].forwarder, "");
+}
+
+// Where PeAround puts them.
+constexpr std::size_t kHeaderSizePlace = 0x94;
+constexpr std::size_t kDirectoryCountPlace = 0xC4;
+constexpr std::size_t kSectionSizePlace = 0x150;
+constexpr std::size_t kSectionFileSizePlace = 0x158;
+
+std::string Patched(std::string file, std::size_t place, std::uint64_t number) {
+    PutNumber(file, place, number, 4);
+    return file;
+}
+
+TEST(ReadPeImage, DirectoriesAreCounted) {
+    const struct {
+        unsigned count;
+        std::size_t exports, imports;
+    } rows[] = {{0, 0, 0}, {1, 4, 0}, {2, 4, 2}, {13, 4, 2}, {14, 4, 3}, {0xFFFFFFFF, 4, 3}};
+    const std::string file = PeFile(kSound);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.count);
+        const std::string counted = Patched(file, kDirectoryCountPlace, row.count);
+        const PeImage image = ReadPeImage(counted);
+        EXPECT_EQ(image.flaw, PeFlaw::None);
+        EXPECT_EQ(image.exports.functions.size(), row.exports);
+        EXPECT_EQ(image.imports.size(), row.imports);
+    }
+}
+
+TEST(ReadPeImage, SectionEndsWithItsSizeAndWithTheFilesPartOfIt) {
+    const std::string file = PeFile(kSound) + std::string(100, 'x');
+    const auto size = static_cast<std::uint32_t>(file.size() - 0x180 - 100);
+    const struct {
+        std::uint32_t size, fileSize;
+        PeFlaw flaw;
+    } rows[] = {
+        {size, size, PeFlaw::None},         {0, size, PeFlaw::None},
+        {size + 100, size, PeFlaw::None},   {size, size + 100, PeFlaw::None},
+        {size, size + 101, PeFlaw::CutOff}, {16, size, PeFlaw::Damaged},
+        {size, 16, PeFlaw::Damaged},        {0, 16, PeFlaw::Damaged},
+        {size, 0, PeFlaw::Damaged},
+    };
+    for (const auto& row : rows) {
+        const std::string cut = Patched(Patched(file, kSectionSizePlace, row.size),
+                                        kSectionFileSizePlace, row.fileSize);
+        EXPECT_EQ(ReadPeImage(cut).flaw, row.flaw) << row.size << ' ' << row.fileSize;
+    }
+}
+
+TEST(ReadPeImage, AddressesLieInTheHeaderOrInASection) {
+    constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
+    constexpr std::uint64_t kSize = 12 * 4;
+    const auto fileWithNameAt = [](std::uint64_t name) {
+        // An entry, the end of the table, and an empty list of functions.
+        return PeAround(Numbers({0, 0, 0, name, kBody + 40, 0, 0, 0, 0, 0, 0, 0}),
+                        {0, 0, kBody, 0});
+    };
+    const struct {
+        std::uint64_t name;
+        PeFlaw flaw;
+    } rows[] = {
+        {0x10, PeFlaw::None},
+        {0x17F, PeFlaw::None},
+        {0x180, PeFlaw::Damaged},
+        {kBody - 1, PeFlaw::Damaged},
+        {kBody, PeFlaw::None},
+        {kBody + kSize - 1, PeFlaw::None},
+        {kBody + kSize, PeFlaw::Damaged},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ReadPeImage(fileWithNameAt(row.name)).flaw, row.flaw) << row.name;
+    EXPECT_EQ(ReadPeImage(Patched(fileWithNameAt(0x10), kHeaderSizePlace, 0x11)).flaw,
+              PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(Patched(fileWithNameAt(0x10), kHeaderSizePlace, 0x10)).flaw,
+              PeFlaw::Damaged);
+}
+
+TEST(ReadPeImage, SectionsStandBehindEachOther) {
+    constexpr std::uint64_t kSecond = 0x2000;
+    constexpr std::size_t kCountPlace = 0x46;
+    // The header of the second one reaches 24 bytes into the body; what it says of the file is
+    // there.
+    const std::string body =
+        Numbers({48, 0x198, 0, 0, 0, 0, 0, 0, 0, kSecond, kSecond + 40, 0, 0, 0, 0, 0, 0, 0});
+    std::string file = PeAround(body, {0, 0, kSecond, 0});
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::Damaged);
+    PutNumber(file, kCountPlace, 2, 2);
+    file = Patched(Patched(file, 0x178, 48), 0x17C, kSecond);
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(file).imports.size(), 1U);
+    PutNumber(file, kCountPlace, 3, 2);
+    EXPECT_EQ(ReadPeImage(file).flaw, PeFlaw::CutOff) << "a third one at a place beyond the file";
+}
+
+TEST(ReadPeImage, ImportsComeFromTheNamesOrElseTheAddresses) {
+    tev::test::PeBody body;
+    const std::uint64_t name = body.AddText("lib.dll");
+    const std::uint64_t function = body.AddText("hhName");
+    const auto addresses = body.AddNumbers({1ULL << 63 | 0x10007, 0}, 8);
+    const auto names = body.AddNumbers({0xFF00000000000000U >> 1 | function, 0}, 8);
+    PeDirectories places;
+    places.imports =
+        body.AddNumbers({names, 0, 0, name, addresses, 0, 0, 0, name, addresses, 0, 0, 0, 0, 0}, 4);
+    const std::string file = PeAround(body.Bytes(), places);
+    const PeImage image = ReadPeImage(file);
+    EXPECT_EQ(image.flaw, PeFlaw::None);
+    ASSERT_EQ(image.imports.size(), 2U);
+    ASSERT_EQ(image.imports[0].functions.size(), 1U);
+    EXPECT_EQ(image.imports[0].functions[0].name, "Name");
+    EXPECT_EQ(image.imports[0].functions[0].ordinal, 0);
+    ASSERT_EQ(image.imports[1].functions.size(), 1U);
+    EXPECT_EQ(image.imports[1].functions[0].name, "");
+    EXPECT_EQ(image.imports[1].functions[0].ordinal, 7);
+}
+
+TEST(ReadPeImage, ExportsHaveALimit) {
+    constexpr std::uint64_t kBody = tev::test::kPeBodyAddress;
+    for (const std::uint64_t count : {65536U, 65537U}) {
+        const std::string table(4 * count, '\0');
+        const PeFlaw flaw = count == 65536 ? PeFlaw::None : PeFlaw::Damaged;
+        const std::string functions = Numbers({0, 0, 0, 0, 1, count, 0, kBody + 40, 0, 0}) + table;
+        EXPECT_EQ(ReadPeImage(PeAround(functions, {kBody, 40, 0, 0})).flaw, flaw);
+        const std::string names =
+            Numbers({0, 0, 0, 0, 1, 0, count, 0, kBody + 40, kBody + 40}) + table;
+        EXPECT_EQ(ReadPeImage(PeAround(names, {kBody, 40, 0, 0})).flaw, flaw);
+    }
 }
 
 TEST(ReadPeImage, LongNamesAreNoModules) {
@@ -206,6 +346,22 @@ TEST(ReadPeImage, DelayedImportsOfOldLinkersAreLeftOut) {
     EXPECT_TRUE(ReadPeImage(file).imports.empty());
 }
 
+TEST(ReadPeImage, DelayedImportsBehindThoseAreRead) {
+    tev::test::PeBody body;
+    const auto name = body.AddText("late.dll");
+    const auto functions = body.AddNumbers({1ULL << 63 | 3, 0}, 8);
+    PeDirectories places;
+    places.delayedImports = body.AddNumbers(
+        {2, name, 0, 0, functions, 0, 0, 0, 3, name, 0, 0, functions, 0, 0, 0, 0, 0}, 4);
+    const std::string file = PeAround(body.Bytes(), places);
+    const PeImage image = ReadPeImage(file);
+    EXPECT_EQ(image.flaw, PeFlaw::None);
+    ASSERT_EQ(image.imports.size(), 1U);
+    EXPECT_EQ(image.imports[0].name, "late.dll");
+    ASSERT_EQ(image.imports[0].functions.size(), 1U);
+    EXPECT_EQ(image.imports[0].functions[0].ordinal, 3);
+}
+
 TEST(SplitForwarder, ModuleAndFunction) {
     const struct {
         const char* forwarder;
@@ -215,7 +371,7 @@ TEST(SplitForwarder, ModuleAndFunction) {
     } rows[] = {
         {"other.Function", true, "other", {"Function", 0}},
         {"a.b.Function", true, "a.b", {"Function", 0}},
-        {"other.#12", true, "other", {"", 12}},
+        {"other.#1290", true, "other", {"", 1290}},
         {"other.#65535", true, "other", {"", 65535}},
         {"other.#65536", false, "", {}},
         {"other.#99999999999999999999", false, "", {}},

@@ -36,6 +36,18 @@ TEST_F(Planned, DoesNotTellTheCasesOfLettersApart) {
     EXPECT_EQ(session_.Read("\xDF"), std::nullopt) << "no pair in Latin-1";
 }
 
+TEST_F(Planned, FoldsTheLettersOfLatin1Only) {
+    for (int byte = 0x80; byte <= 0xFF; ++byte) {
+        const std::string name{'N', static_cast<char>(byte)};
+        const std::string capital{'n', static_cast<char>(byte - 0x20)};
+        const bool isLetter = byte >= 0xE0 && byte <= 0xFE && byte != 0xF7;
+        PlannedSession session(Set, Same);
+        EXPECT_TRUE(session.Set(name, "1"));
+        EXPECT_EQ(session.Read(capital), isLetter ? std::optional<std::string>("1") : std::nullopt)
+            << byte;
+    }
+}
+
 TEST_F(Planned, NoTextDeletes) {
     EXPECT_TRUE(session_.Set("LIST", nullptr));
     EXPECT_FALSE(session_.Exists("LIST"));
@@ -47,6 +59,10 @@ TEST_F(Planned, NoTextDeletes) {
 TEST_F(Planned, RefusesWhatTheSetterRefuses) {
     EXPECT_FALSE(session_.Set(" ", "1"));
     EXPECT_FALSE(session_.Set("A=B", "1"));
+    EXPECT_FALSE(session_.Set("AB=C", "1"));
+    EXPECT_FALSE(session_.Set("=C:=", "1"));
+    EXPECT_TRUE(session_.Set("=C:", "1")) << "a folder of a drive";
+    EXPECT_EQ(session_.Read("=c:"), "1");
     EXPECT_FALSE(session_.Set("X", std::string(32767, 'x').c_str()));
     EXPECT_TRUE(session_.Set("X", std::string(32766, 'x').c_str()));
 }

@@ -119,4 +119,17 @@ TEST(Utf8, MixedTextsComeBack) {
     }
 }
 
+// Whatever the size of wchar_t.
+TEST(WidenUtf8, WideCharactersHoldTheSameUnits) {
+    const std::string text = "ab\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80z";
+    std::wstring wide(Utf16Size(text) + 1, L'?');
+    ASSERT_TRUE(WidenUtf8(text, wide.data()));
+    EXPECT_EQ(wide, (std::wstring{L'a', L'b', 0xE4, 0x20AC, 0xD83D, 0xDE00, L'z', L'?'}));
+    wide.pop_back();
+    const std::wstring_view view = wide;
+    std::string narrow(Utf8Size(view) + 1, '?');
+    ASSERT_TRUE(NarrowUtf16(view, narrow.data()));
+    EXPECT_EQ(narrow, text + '?');
+}
+
 }  // namespace

@@ -14,7 +14,6 @@ class PeBytes {
     explicit PeBytes(std::string_view file) : file_(file) {}
 
     bool IsAllInside() const { return isAllInside_; }
-    std::size_t Size() const { return file_.size(); }
 
     std::uint16_t Number16(std::uint64_t offset);
     std::uint32_t Number32(std::uint64_t offset);

@@ -136,7 +136,7 @@ class TableReader {
  private:
     std::uint32_t Counted(std::uint32_t count) {
         isSane_ = isSane_ && count <= kMaxFunctions;
-        return isSane_ ? count : 0;
+        return count;
     }
 
     void Add(std::vector<PeImportedModule>& modules, bool isDelayed, std::uint32_t name,

@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "TEVSystemLib/util/string/detail/NumberText.h"
+
+namespace {
+
+using namespace TAMO::TEV::System::Util::detail;
+
+// The number read; nothing when none is, which must then store nothing.
+template <typename T>
+std::optional<T> Plain(const char* text, Sign sign = Sign::PlusOrMinus) {
+    T value = 77;
+    if (ReadPlainInteger(text, sign, value)) return value;
+    EXPECT_EQ(value, T{77});
+    return std::nullopt;
+}
+
+TEST(ReadPlainInteger, SignDigitsAndPerhapsAPoint) {
+    const struct {
+        const char* text;
+        std::optional<int> number;
+    } rows[] = {
+        {nullptr, {}},
+        {"", {}},
+        {"+", {}},
+        {"-", {}},
+        {".", {}},
+        {".5", {}},
+        {"0", 0},
+        {"9", 9},
+        {"12", 12},
+        {"+12", 12},
+        {"-12", -12},
+        {"-0", 0},
+        {"--1", {}},
+        {"+-1", {}},
+        {"++1", {}},
+        {"007", 7},
+        {"12.", 12},
+        {"12.90", 12},
+        {"12.9.", {}},
+        {"12.x", {}},
+        {"12x", {}},
+        {"x12", {}},
+        {" 12", {}},
+        {"12 ", {}},
+        {"1-", {}},
+        {"123456789", 123456789},
+        {"-999999999", -999999999},
+        {"1000000000", {}},
+        {"1/", {}},
+        {"1:", {}},
+        {"1,5", {}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Plain<int>(row.text), row.number) << (row.text == nullptr ? "null" : row.text);
+}
+
+TEST(ReadPlainInteger, AsManyDigitsAsSurelyFit) {
+    EXPECT_EQ(Plain<std::int64_t>("-999999999999999999"), -999999999999999999);
+    EXPECT_EQ(Plain<std::int64_t>("1000000000000000000"), std::nullopt);
+    EXPECT_EQ(Plain<std::uint64_t>("9999999999999999999"), 9999999999999999999U);
+    EXPECT_EQ(Plain<std::uint64_t>("10000000000000000000"), std::nullopt);
+    EXPECT_EQ(Plain<std::uint64_t>("-1"), std::numeric_limits<std::uint64_t>::max());
+}
+
+TEST(ReadPlainInteger, MinusOnlyWhereItIsAllowed) {
+    EXPECT_EQ(Plain<int>("-1", Sign::PlusOnly), std::nullopt);
+    EXPECT_EQ(Plain<int>("+1", Sign::PlusOnly), 1);
+    EXPECT_EQ(Plain<int>("1", Sign::PlusOnly), 1);
+}
+
+TEST(ReadLeadingInteger, UpToWhatIsNoDigit) {
+    const struct {
+        const char* text;
+        std::optional<int> number;
+    } rows[] = {
+        {"12", 12},         {"+12", 12}, {"-12", -12},
+        {"12.9", 12},       {"-.5", {}}, {"2147483647", 2147483647},
+        {"2147483648", {}}, {"", {}},
+    };
+    for (const auto& row : rows) {
+        int value = 77;
+        EXPECT_EQ(ReadLeadingInteger(row.text, value), row.number.has_value()) << row.text;
+        EXPECT_EQ(value, row.number.value_or(77)) << row.text;
+    }
+}
+
+TEST(ReadReal, WholeTextsOfNumbersThatFit) {
+    const struct {
+        const char* text;
+        std::optional<double> number;
+    } rows[] = {
+        {"0", 0.0},       {"-0", -0.0},  {"1", 1.0},      {"+1.5", 1.5},      {"-1.5", -1.5},
+        {".5", 0.5},      {"5.", 5.0},   {"1e3", 1000.0}, {"-2.5E-1", -0.25}, {"+.25e+1", 2.5},
+        {"1e308", 1e308}, {"1e400", {}}, {"1e-400", {}},  {"1e-310", {}},     {"1x", {}},
+        {"x", {}},        {" 1", {}},    {"1 ", {}},      {"+-1", {}},        {"-+1", {}},
+        {"--1", {}},      {"", {}},      {"+", {}},       {"-", {}},          {"1e", {}},
+        {"inf", {}},      {"nan", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        double value = 77;
+        EXPECT_EQ(ReadReal(row.text, value), row.number.has_value());
+        EXPECT_EQ(value, row.number.value_or(77));
+        EXPECT_EQ(std::signbit(value), std::signbit(row.number.value_or(77)));
+    }
+}
+
+}  // namespace

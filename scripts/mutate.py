@@ -30,7 +30,7 @@ PURE = re.compile(r"TEVSystemLib/.*detail/[^/]+")
 PROGRAM = "bin/test_pure"
 WORKERS = 2
 # In seconds of the processor, so that a busy machine kills nothing; then in all.
-CPU_SECONDS = 5
+CPU_SECONDS = 10
 TIMEOUT_SECONDS = 300
 LIMITED = ["prlimit", f"--cpu={CPU_SECONDS}", f"--as={2 << 30}"]
 

@@ -37,6 +37,7 @@ using Module = TEVSystemDiagnostics::Module;
 using Problem = TEVSystemDiagnostics::LoadProblem;
 
 constexpr DWORD kStartRefused = 1114;
+constexpr DWORD kUnknownCode = 15998;
 
 class LoadExplanationFaults : public ::testing::Test {
  protected:
@@ -62,19 +63,19 @@ TEST_F(LoadExplanationFaults, RefusalWithoutAFaultInTheFilesIsUnexplained) {
         << explanation.cause;
 }
 
-TEST_F(LoadExplanationFaults, StartThatIsRefusedOnceOnlyIsUnexplained) {
+TEST_F(LoadExplanationFaults, StartThatIsRefusedOnceIsLaidToTheModuleItself) {
     const auto refusesOnce = FailNth(0, calls::LoadLibraryA, nullptr, kStartRefused);
     const Explanation explanation = Explain();
     EXPECT_EQ(explanation.code, kStartRefused);
-    EXPECT_EQ(explanation.problem, Problem::Unexplained);
+    EXPECT_EQ(explanation.problem, Problem::StartRefused);
     EXPECT_EQ(explanation.culprit, plain_);
 }
 
 TEST_F(LoadExplanationFaults, CodeWithoutAMessageIsNamedAlone) {
     const auto noMessage = Fail(calls::FormatMessageW, 0U, ERROR_MR_MID_NOT_FOUND);
-    const auto refuses = Fail(calls::LoadLibraryA, nullptr, 0x20000001);
+    const auto refuses = Fail(calls::LoadLibraryA, nullptr, kUnknownCode);
     const Explanation explanation = Explain();
-    EXPECT_EQ(explanation.code, 0x20000001U);
+    EXPECT_EQ(explanation.code, kUnknownCode);
     EXPECT_EQ(explanation.message, "");
     EXPECT_EQ(explanation.problem, Problem::Unexplained);
 }

@@ -143,13 +143,15 @@ TEST(Lint, TellsAllAboutAFindingInASystemFile) {
          "1 warning unknown-key [tev.environment.of.quite.another.kind] {} unknown key "
          "\"tev.environment.of.quite.another.kind\""},
         {"a=%nope%",
-         "1 warning unresolved-reference [a] {} %nope% is in no table and no environment variable; "
+         "1 warning unresolved-reference [a] {%nope%} %nope% is in no table and no environment "
+         "variable; "
          "it stays as it is"},
         {"a=%a%",
-         "1 warning self-reference [a] {} %a% refers to its own line; the text is put in "
+         "1 warning self-reference [a] {%a%} %a% refers to its own line; the text is put in "
          "unexpanded"},
         {"b=%L%\na=%b%",
-         "2 warning expanded-later [a] {} %b% is expanded after \"a\"; its own references are put "
+         "2 warning expanded-later [a] {%b%} %b% is expanded after \"a\"; its own references are "
+         "put "
          "in unexpanded"},
         {"tev.logging.status=YES",
          "1 note rewritten [tev.logging.status] {YES} \"YES\" reads back in canonical form, true "
@@ -177,7 +179,7 @@ TEST(Lint, TellsAllAboutAFindingInASystemFile) {
         {"tev.env.add.path.1=L|C:/no",
          "1 warning ignored-directive [tev.env.add.path.1] {C:\\no} the directive is ignored: "
          "there "
-         "is no such folder: C:\\no (L)"},
+         "is no such folder: \"C:\\no\" (L)"},
         {"tev.env.set.1=L|x",
          "1 warning unknown-directive [tev.env.set.1] {} the directive is ignored: no directive "
          "begins like this key"},

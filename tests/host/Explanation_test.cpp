@@ -276,7 +276,7 @@ TEST(Steps, TellWhatEachDirectiveAsksFor) {
         const char *line, *kind, *variable, *value, *reason;
     } rows[] = {
         {"tev.env.add.path.1=LIST|C:/no", "add.path", "LIST", "C:\\no",
-         "there is no such folder: C:\\no"},
+         "there is no such folder: \"C:\\no\""},
         {"tev.env.del.1= ENV", "del", "ENV", "", ""},
         {"tev.env.rm.1=ENV|e", "rm", "ENV", "e", ""},
         {"tev.env.set.1=ENV|e", "", "", "", "no directive begins like this key"},

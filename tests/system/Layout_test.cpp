@@ -47,7 +47,7 @@ TEST(Layout, AnswersOfTheDiagnosticsKeepTheirSizes) {
     EXPECT_EQ(sizeof(Answer::MissingFunction), 64U);
     EXPECT_EQ(sizeof(Answer::Module), 160U);
     EXPECT_EQ(sizeof(Answer::SearchedFolder), 40U);
-    EXPECT_EQ(sizeof(Answer::LoadExplanation), 384U);
+    EXPECT_EQ(sizeof(Answer::LoadExplanation), 416U);
 }
 
 TEST(Layout, EnumerationsAreInts) {

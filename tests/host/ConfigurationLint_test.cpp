@@ -123,7 +123,7 @@ TEST(Lint, TellsAllAboutAFindingInASystemFile) {
          "2 warning nul-byte [] {} a NUL byte may end the value here; is the file UTF-16?"},
         {"=c", "1 warning no-key [] {} the line begins with \"=\" and adds nothing"},
         {"a=1\na",
-         "2 warning no-separator [a] {} \"a\" has no \"=\" behind it; the line adds nothing"},
+         "2 warning no-separator [a] {a} \"a\" has no \"=\" behind it; the line adds nothing"},
         {"a=", "1 warning no-value [a] {} \"a\" has no value; the line adds nothing"},
         {"a=1\n\na=2",
          "1 warning duplicate-key [a] {} \"a\" is written again in line 3, which counts"},

@@ -94,10 +94,11 @@ detail::ModuleFault FailedStart(const LoadExplanation& explanation, const Questi
     const TEVSystemDiagnostics::Module& root = explanation.module;
     const bool isStart = detail::IsFailedStart(explanation.code);
     const Problem problem = isStart ? Problem::StartRefused : Problem::Unexplained;
-    for (const auto* module : detail::StartOrder(root))
-        if (module != &root &&
-            Load(ToAnsi(FromUtf8(module->file)), question).code == explanation.code)
-            return {problem, module, &root};
+    for (const auto* module : detail::StartOrder(root)) {
+        if (module == &root) continue;
+        const std::string file = ToAnsi(FromUtf8(module->file));
+        if (Load(file, question).code == explanation.code) return {problem, module, &root};
+    }
     return {problem, &root, nullptr};
 }
 

@@ -93,7 +93,16 @@ TEST(Base64EncodedSize, RefusesWhatNoBufferHolds) {
     EXPECT_EQ(Base64EncodedSize(0), 0u);
     EXPECT_EQ(Base64EncodedSize(1), 4u);
     EXPECT_EQ(Base64EncodedSize(4), 8u);
-    EXPECT_THROW(Base64EncodedSize(std::numeric_limits<std::size_t>::max()), std::length_error);
+    constexpr std::size_t kMostGroups = std::numeric_limits<std::ptrdiff_t>::max() / 4;
+    EXPECT_EQ(Base64EncodedSize(3 * kMostGroups), 4 * kMostGroups);
+    for (const std::size_t size : {3 * kMostGroups + 1, std::numeric_limits<std::size_t>::max()}) {
+        try {
+            Base64EncodedSize(size);
+            ADD_FAILURE() << size;
+        } catch (const std::length_error& error) {
+            EXPECT_STREQ(error.what(), "too many bytes to encode");
+        }
+    }
 }
 
 }  // namespace

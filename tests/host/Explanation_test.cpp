@@ -237,6 +237,7 @@ TEST(Steps, TellWhatEachDirectiveDoes) {
         {"tev.env.new.1=unreadable|1", Outcome::Unchanged, "-", "-",
          "it is set, but cannot be read back and so counts as not set"},
         {"tev.env.new.1=X=Y|1", Outcome::Refused, "-", "-", "Windows refuses the change"},
+        {"tev.env.new.path.1=X=Y|C:/kit", Outcome::Refused, "-", "-", "Windows refuses the change"},
         {"tev.env.replace.1=X=Y|1", Outcome::Refused, "-", "-", "the variable is not set"},
         {"tev.env.replace.1=LIST|1", Outcome::Changed, "a", "1", ""},
         {"tev.env.replace.1=X|1", Outcome::Refused, "-", "-", "the variable is not set"},

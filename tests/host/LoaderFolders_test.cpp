@@ -8,6 +8,7 @@
 namespace {
 
 using namespace TAMO::TEV::System::detail;
+using Kind = TAMO::TEV::System::TEVSystemDiagnostics::FolderKind;
 
 LoaderFacts Facts() {
     LoaderFacts facts;
@@ -50,6 +51,20 @@ TEST(FoldersWithDirectories, NeitherCurrentFolderNorPath) {
     facts.dllDirectory = "E:\\Own";
     EXPECT_THAT(Shown(FoldersWithDirectories(facts, {})),
                 testing::ElementsAre("1 C:\\App", "2 E:\\Own", "3 C:\\Windows\\system32"));
+}
+
+TEST(PathFolders, AreThoseOfPathAlone) {
+    EXPECT_THAT(Shown(PathFolders(Facts())).size(), 3U);
+    EXPECT_EQ(Shown(PathFolders(Facts())).front(),
+              std::to_string(static_cast<int>(Kind::Path)) + " C:\\One");
+}
+
+TEST(FolderBeside, IsThatOfTheModule) {
+    TAMO::TEV::System::TEVSystemDiagnostics::Module module;
+    EXPECT_TRUE(FolderBeside(module).empty());
+    module.file = "C:\\Kit\\a.dll";
+    ASSERT_EQ(FolderBeside(module).size(), 1U);
+    EXPECT_EQ(FolderBeside(module)[0].folder, "C:\\Kit");
 }
 
 TEST(IsFixedPath, NeedsNoSearch) {

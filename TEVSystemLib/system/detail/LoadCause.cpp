@@ -52,8 +52,9 @@ std::string FunctionMissing(const ModuleFault& fault) {
 }
 
 std::string SystemAnswer(const Explanation& explanation) {
-    const std::string code = "the system gives the code " + std::to_string(explanation.code);
-    return explanation.message.empty() ? code : code + ", " + explanation.message;
+    std::string answer = "the system gives the code " + std::to_string(explanation.code);
+    if (!explanation.message.empty()) answer += ", " + explanation.message;
+    return answer;
 }
 
 std::string StartRefused(const ModuleFault& fault, const Explanation& explanation) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <vector>
 
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
@@ -37,14 +38,9 @@ const WellKnownProperty* WellKnownTable() {
     return table;
 }
 
-// The text in any letter case? Mostly told by the first letter, so that no length is asked for.
+// The text in any letter case? Asks for no more of the word's length than it needs.
 bool IsWord(const char* word, std::string_view text) {
-    using Util::detail::ToLower;
-    for (const char c : text) {
-        if (*word == '\0' || ToLower(*word) != ToLower(c)) return false;
-        ++word;
-    }
-    return *word == '\0';
+    return Util::detail::EqualsIgnoringCase({word, strnlen(word, text.size() + 1)}, text);
 }
 
 template <std::size_t N>

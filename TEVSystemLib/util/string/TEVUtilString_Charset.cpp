@@ -38,8 +38,8 @@ constexpr std::size_t kLongText = 256;
 bool WidenLongAscii(std::string_view text, wchar_t** wide, std::size_t* wideLength) {
     if (text.size() < kLongText) return false;
     detail::OwnedWideText converted = detail::MakeUnfilledWideText(text.size());
-    return detail::WidenAscii(text, converted.get()) == text.size() &&
-           Commit(converted, text.size(), wide, wideLength);
+    if (detail::WidenAscii(text, converted.get()) != text.size()) return false;
+    return Commit(converted, text.size(), wide, wideLength);
 }
 
 bool WidenValid(std::string_view text, wchar_t** wide, std::size_t* wideLength) {
@@ -52,8 +52,8 @@ bool WidenValid(std::string_view text, wchar_t** wide, std::size_t* wideLength) 
 bool NarrowLongAscii(std::wstring_view wide, char** text, std::size_t* textLength) {
     if (wide.size() < kLongText) return false;
     detail::OwnedText converted = detail::MakeUnfilledText(wide.size());
-    return detail::NarrowAscii(wide, converted.get()) == wide.size() &&
-           Commit(converted, wide.size(), text, textLength);
+    if (detail::NarrowAscii(wide, converted.get()) != wide.size()) return false;
+    return Commit(converted, wide.size(), text, textLength);
 }
 
 bool NarrowValid(std::wstring_view wide, char** text, std::size_t* textLength) {

@@ -39,7 +39,6 @@ std::string ValueText(double value, double uncertainty, const std::string& uncer
     const int figures =
         detail::FiguresWorthShowing(std::fabs(value), *analysed, uncertainty, *exponent);
     const std::string rounded = Rounded(std::move(fixed), figures, scientific);
-    if (rounded.empty()) return {};
     return detail::WithoutIdlePoint(value > 0 ? rounded : "-" + rounded);
 }
 
@@ -94,7 +93,7 @@ bool TEVUtilString::SignificantFigures(double value, double uncertainty, char** 
     const std::string shown =
         value == 0 ? zero : ValueText(value, uncertainty, exponentForm, scientific);
     const std::string beside = detail::WithoutIdlePoint(scientific ? exponentForm : rounded);
-    if (shown.empty() || beside.empty()) return false;
+    if (shown.empty()) return false;
     detail::OwnedText first = detail::MakeText(Localised(shown));
     detail::HandOut(Localised(beside), uncertaintyText);
     *valueText = first.release();

@@ -13,7 +13,8 @@ constexpr auto kNone = std::string_view::npos;
 
 constexpr bool IsSign(char c) { return c == '+' || c == '-'; }
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-constexpr bool IsNonZeroDigit(char c) { return c >= '1' && c <= '9'; }
+// Asked of signs, points and digits only, of which the others come first.
+constexpr bool IsNonZeroDigit(char c) { return c > '0'; }
 
 // The place of the first such character from `from` on, or npos.
 template <bool (*isMeant)(char)>
@@ -22,12 +23,12 @@ std::size_t FindFirst(std::string_view text, std::size_t from = 0) {
     return from < text.size() ? from : kNone;
 }
 
-// The place of the last such character, or npos.
+// The place of the last such character, which there must be.
 template <bool (*isMeant)(char)>
 std::size_t FindLast(std::string_view text) {
-    std::size_t end = text.size();
-    while (end > 0 && !isMeant(text[end - 1])) --end;
-    return end > 0 ? end - 1 : kNone;
+    std::size_t at = text.size() - 1;
+    while (!isMeant(text[at])) --at;
+    return at;
 }
 
 // Does a number of digits go up when those from `next` on are dropped?

@@ -45,7 +45,7 @@ class Tokenizer {
         const std::size_t start = at_;
         while (at_ < text_.size() && !isDelimiter_.Has(text_[at_])) ++at_;
         if (start == at_) return std::nullopt;
-        return text_.substr(start, at_ - start);
+        return std::string_view(text_.data() + start, at_ - start);
     }
 
  private:

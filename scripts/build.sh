@@ -86,7 +86,7 @@ test_all() {
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels 'Instruction levels'
-    verb_sanitize
+    TEV_SOAK_SECONDS=30 verb_sanitize
     verb_coverage
     verb_seeded
     verb_fuzz 600
@@ -108,7 +108,7 @@ test_presets() {
         run_tests "$preset" "${choice[@]}"
     done
     say "tests: $what"
-    printf '%d passed, %d failed\n' "$passed" "$failed"
+    printf '%d passed, %d failed, %d s\n' "$passed" "$failed" "$SECONDS"
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
 }
 

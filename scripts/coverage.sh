@@ -21,6 +21,7 @@ measure_coverage() {
     # Loading the library a thousand times writes its counters as often and runs nothing more.
     run_tests mingw-coverage -L gtest -E '^test_boundary$'
     run_tests host-coverage -L gtest
+    say "$passed passed, $failed failed"
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ] || die "$failed tests failed; run ./tev test"
     rm -rf "$coverage"
     mkdir -p "$coverage"

@@ -13,6 +13,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "support/Com.h"
 #include "support/Folder.h"
@@ -29,6 +30,7 @@ using TAMO::TEV::System::Util::TEVUtilFile;
 using TAMO::TEV::System::Util::TEVUtilMemory;
 using TAMO::TEV::System::Util::TEVUtilString;
 using TAMO::TEV::System::Util::TEVUtilWindows;
+using MsgLevel = TAMO::TEV::System::TEVSysCnst::MsgLevel;
 using ::testing::IsEmpty;
 using tev::test::Bstr;
 using tev::test::Folder;
@@ -91,7 +93,28 @@ std::string Encodings(unsigned seed) {
     TEVUtilString::Base64Decode(encoded.get(), decoded.Out(), length);
     TEVUtilString::ConvertFromCharToWChar(number.c_str(), wide.Out());
     TEVUtilString::ConvertFromWCharToChar(wide.get(), narrow.Out());
-    return encoded.str() + decoded.str() + std::to_string(length) + narrow.str();
+    WideText units;
+    Text bytes;
+    const std::string mixed = "\xC3\xA4" + number;
+    TEVUtilString::ConvertFromMultiByteCharToWChar(mixed.c_str(), mixed.size(), units.Out(),
+                                                   &length);
+    TEVUtilString::ConvertFromWCharToMultiByteChar(bytes.Out(), units.get(), length, &length);
+    return encoded.str() + decoded.str() + narrow.str() + bytes.str() + std::to_string(length);
+}
+
+std::string BitsAndMessages(unsigned seed) {
+    const char bytes[] = {1, 2, static_cast<char>(seed), 4};
+    std::uint64_t number = 0;
+    TEVUtilString::BinaryToUnsignedInt64(bytes, sizeof bytes, number);
+    int words[] = {static_cast<int>(seed), 2, 3};
+    TEVUtilString::Swap32BitWord(words, 3);
+    std::map<MsgLevel, std::vector<char*>*>* messages = nullptr;
+    TEVUtilString::GetMsgsMap(&messages);
+    TEVUtilString::AddMessage(Number(seed).c_str(), MsgLevel::Warn, *messages);
+    const std::string text = std::to_string(number) + std::to_string(words[0]) +
+                             messages->at(MsgLevel::Warn)->front();
+    TEVUtilString::DeleteMsgsMap(&messages);
+    return text;
 }
 
 std::string MeasuredValues(unsigned seed) {
@@ -151,7 +174,9 @@ std::string ComTexts(unsigned seed) {
     const _GUID guid{seed, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
     WideText guidText;
     TEVUtilWindows::ConvertCLSIDToString(guid, guidText.Out());
-    return back.str() + Narrow(guidText.str()) +
+    _GUID parsed{};
+    TEVUtilWindows::GetCLSIDFromString(guidText.get(), parsed);
+    return back.str() + Narrow(guidText.str()) + std::to_string(parsed.Data1) +
            std::to_string(TEVUtilWindows::CompareBSTR(true, text.get(), copy.get())) +
            std::to_string(TEVUtilWindows::GetGUID().size());
 }
@@ -180,7 +205,9 @@ std::string Process(unsigned seed) {
     TEVUtilWindows::GetEnv("PATH", variable.Out());
     const Text module(TEVUtilWindows::GetModuleFullyQualifiedName("TEVSystemLib.dll"));
     const Text directory(TEVUtilWindows::GetDirectory(("C:/" + Number(seed) + "/x").c_str()));
-    return folder.str() + variable.str() + module.str() + directory.str();
+    Text home;
+    TEVUtilWindows::GetCurrentUserHomeFolder(home.Out());
+    return folder.str() + variable.str() + module.str() + directory.str() + home.str();
 }
 
 TEST(Threads, GiveTheSameOn16OfThem) {
@@ -188,6 +215,7 @@ TEST(Threads, GiveTheSameOn16OfThem) {
                {"texts", Texts},
                {"arrays", Arrays},
                {"encodings", Encodings},
+               {"bits and messages", BitsAndMessages},
                {"measured values", MeasuredValues},
                {"refusals", Refusals},
                {"identities", Identities},

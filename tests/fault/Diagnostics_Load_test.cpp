@@ -1,5 +1,6 @@
 // The explanation of a load when the system refuses what the files allow, or memory is exhausted.
 #include <TEVSystemLib/system/TEVSystemDiagnostics.h>
+#include <TEVSystemLib/util/string/TEVUtilString.h>
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -69,6 +70,51 @@ TEST_F(LoadExplanationFaults, StartThatIsRefusedOnceIsLaidToTheModuleItself) {
     EXPECT_EQ(explanation.code, kStartRefused);
     EXPECT_EQ(explanation.problem, Problem::StartRefused);
     EXPECT_EQ(explanation.culprit, plain_);
+}
+
+TEST_F(LoadExplanationFaults, StartThatIsRefusedIsNotLaidToWhatLoads) {
+    tev::test::CopyModule(folder_, "tevinner");
+    tev::test::CopyModule(folder_, "tevmiddle");
+    const char* folders[] = {folder_.Path().c_str()};
+    const auto refusesOnce = FailNth(0, calls::LoadLibraryExW, nullptr, kStartRefused);
+    Explanation explanation;
+    EXPECT_TRUE(TEVSystemDiagnostics::ExplainLoadFailure("tevmiddle.dll", folders, 1, explanation));
+    EXPECT_EQ(explanation.problem, Problem::StartRefused);
+    EXPECT_EQ(explanation.culprit, "tevmiddle.dll");
+}
+
+// With nothing written, and with more than the room: the answer is poorer, but it comes.
+template <typename Call, typename Result>
+void ExpectAnAnswer(Call& call, const char* name, std::initializer_list<Result> failures,
+                    const std::string& module) {
+    for (const Result& failure : failures) {
+        const auto fails = Fail(call, failure, ERROR_INVALID_PARAMETER);
+        Explanation explanation;
+        EXPECT_TRUE(
+            TEVSystemDiagnostics::ExplainLoadFailure(module.c_str(), nullptr, 0, explanation))
+            << name;
+        EXPECT_NE(explanation.cause, "") << name;
+    }
+}
+
+TEST_F(LoadExplanationFaults, RefusedQuestionsAboutTheProcessLeaveAnAnswer) {
+    const std::initializer_list<DWORD> sizes = {0, 32767};
+    const std::initializer_list<UINT> lengths = {0, 32767};
+    ExpectAnAnswer(calls::GetCurrentDirectoryW, "current folder", sizes, plain_);
+    ExpectAnAnswer(calls::GetDllDirectoryW, "DLL directory", sizes, plain_);
+    ExpectAnAnswer(calls::GetModuleFileNameW, "file of a module", sizes, plain_);
+    ExpectAnAnswer(calls::GetFullPathNameW, "full path", sizes, plain_);
+    ExpectAnAnswer(calls::GetSystemDirectoryW, "system folder", lengths, plain_);
+    ExpectAnAnswer(calls::GetWindowsDirectoryW, "Windows folder", lengths, plain_);
+    ExpectAnAnswer(calls::GetModuleHandleW, "loaded module", {HMODULE{nullptr}}, plain_);
+}
+
+TEST_F(LoadExplanationFaults, LoadedModuleWithoutANameIsLookedForInTheFolders) {
+    const auto fails = Fail(calls::GetModuleFileNameW, 0U, ERROR_NOT_ENOUGH_MEMORY);
+    Explanation explanation;
+    EXPECT_TRUE(TEVSystemDiagnostics::ExplainLoadFailure("kernel32.dll", nullptr, 0, explanation));
+    EXPECT_EQ(TAMO::TEV::System::Util::TEVUtilString::ToLower(explanation.module.file),
+              "c:\\windows\\system32\\kernel32.dll");
 }
 
 TEST_F(LoadExplanationFaults, CodeWithoutAMessageIsNamedAlone) {

@@ -1,6 +1,7 @@
 // The environment when the system refuses one of the calls.
 #include "support/Environment.h"
 
+#include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 #include <gtest/gtest.h>
 
@@ -242,6 +243,22 @@ TEST(EnvironmentWrites, RefusalOfTheRuntimesCopyIsNoFailure) {
     EXPECT_EQ(SystemVariable(kName), "after");
     EXPECT_TRUE(TEVUtilWindows::SetSessionEnvironmentVariable(kName, nullptr));
     EXPECT_EQ(SystemVariable(kName), std::nullopt);
+}
+
+// A look-up inside the system call of another finds the store's room for keys taken.
+TEST(LookUpInsideAnother, HasATextOfItsOwn) {
+    using TAMO::TEV::System::TEVSystemProperties;
+    ASSERT_TRUE(TEVSystemProperties::SetUserProperty("inner", "1"));
+    const char* inner = nullptr;
+    const Replace asks(calls::GetEnvironmentVariableW,
+                       [&inner](const wchar_t* name, wchar_t* buffer, DWORD size) {
+                           TEVSystemProperties::GetProperty("inner", inner);
+                           return calls::GetEnvironmentVariableW.Real(name, buffer, size);
+                       });
+    const char* outer = nullptr;
+    EXPECT_FALSE(TEVSystemProperties::GetProperty("tev.is.not.there", outer));
+    EXPECT_STREQ(inner, "1");
+    TEVSystemProperties::InitializeProperties();
 }
 
 }  // namespace

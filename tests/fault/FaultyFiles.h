@@ -23,8 +23,7 @@ enum class FileCall {
     ReadRange,
     Write,
     Close,
-    Rename,
-    Unlink
+    Rename
 };
 
 // Files in memory below "/vsifaulty/", whose calls fail on demand. One object at a time; it fails

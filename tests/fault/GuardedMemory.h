@@ -26,7 +26,7 @@ Verdict ReleaseGuarded(void* block, Kind kind);
 // At the begin of a test.
 void CloseReleasesAgain();
 
-// Says of an address where it stands: "1 byte behind a block of 7 bytes".
+// Says of an address where it stands: "at offset 7 of a block of 7 bytes".
 std::string WhereIs(const void* address);
 
 }  // namespace tev::fault

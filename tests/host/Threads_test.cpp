@@ -16,8 +16,10 @@
 #include "TEVSystemLib/util/string/detail/KeyValueText.h"
 #include "TEVSystemLib/util/string/detail/NumberText.h"
 #include "TEVSystemLib/util/string/detail/Padding.h"
+#include "TEVSystemLib/util/string/detail/Replacement.h"
 #include "TEVSystemLib/util/string/detail/SignificantFigures.h"
 #include "TEVSystemLib/util/string/detail/Tokens.h"
+#include "TEVSystemLib/util/string/detail/Utf8.h"
 #include "TEVSystemLib/util/windows/detail/EnvironmentList.h"
 #include "TEVSystemLib/util/windows/detail/ToolkitRoot.h"
 #include "support/Base64Texts.h"
@@ -45,6 +47,18 @@ std::string Letters(unsigned seed) {
 std::string Encoding(unsigned seed) {
     const std::string encoded = Encoded("bytes of " + Number(seed));
     return encoded + Decoded(encoded);
+}
+
+std::string Unicode(unsigned seed) {
+    const std::string text = "\xC3\xA4 " + Number(seed);
+    std::u16string units(Utf16Size(text), u'?');
+    WidenUtf8(text, units.data());
+    std::string bytes(Utf8Size(std::u16string_view(units)), '?');
+    NarrowUtf16(std::u16string_view(units), bytes.data());
+    const Replacement replaced(bytes, "ae", "\xC3\xA4");
+    std::string plain(replaced.Size(), '?');
+    replaced.Write(plain.data());
+    return bytes + plain;
 }
 
 std::string BitPatterns(unsigned seed) {
@@ -142,6 +156,7 @@ std::string Translated(unsigned seed) try {
 TEST(PureCode, GivesTheSameOn16Threads) {
     Soak soak({{"letters", Letters},
                {"encoding", Encoding},
+               {"Unicode", Unicode},
                {"bits", BitPatterns},
                {"figures", Figures},
                {"numbers", Numbers},

@@ -60,7 +60,10 @@ std::optional<std::string> FindFixed(const std::string& name) {
 std::optional<std::string> FindLoaded(const std::string& name) {
     const HMODULE module = GetModuleHandleW(FromUtf8(name).c_str());
     if (module == nullptr) return std::nullopt;
-    return FileOf(module);
+    std::string file = FileOf(module);
+    // One without a name is looked for as if it were not loaded.
+    if (file.empty()) return std::nullopt;
+    return file;
 }
 
 bool IsProvided(const std::string& contract) {

@@ -111,8 +111,8 @@ std::string BitsAndMessages(unsigned seed) {
     std::map<MsgLevel, std::vector<char*>*>* messages = nullptr;
     TEVUtilString::GetMsgsMap(&messages);
     TEVUtilString::AddMessage(Number(seed).c_str(), MsgLevel::Warn, *messages);
-    const std::string text = std::to_string(number) + std::to_string(words[0]) +
-                             messages->at(MsgLevel::Warn)->front();
+    const std::string text =
+        std::to_string(number) + std::to_string(words[0]) + messages->at(MsgLevel::Warn)->front();
     TEVUtilString::DeleteMsgsMap(&messages);
     return text;
 }

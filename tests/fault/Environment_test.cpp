@@ -250,14 +250,16 @@ TEST(LookUpInsideAnother, HasATextOfItsOwn) {
     using TAMO::TEV::System::TEVSystemProperties;
     ASSERT_TRUE(TEVSystemProperties::SetUserProperty("inner", "1"));
     const char* inner = nullptr;
+    int depth = 0;
     const Replace asks(calls::GetEnvironmentVariableW,
-                       [&inner](const wchar_t* name, wchar_t* buffer, DWORD size) {
-                           TEVSystemProperties::GetProperty("inner", inner);
+                       [&](const wchar_t* name, wchar_t* buffer, DWORD size) {
+                           if (depth++ == 0) TEVSystemProperties::GetProperty("inner", inner);
                            return calls::GetEnvironmentVariableW.Real(name, buffer, size);
                        });
     const char* outer = nullptr;
     EXPECT_FALSE(TEVSystemProperties::GetProperty("tev.is.not.there", outer));
     EXPECT_STREQ(inner, "1");
+    EXPECT_EQ(depth, 1);
     TEVSystemProperties::InitializeProperties();
 }
 

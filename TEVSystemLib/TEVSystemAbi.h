@@ -82,4 +82,7 @@ static_assert(sizeof(wchar_t) == 2,
               "TEVSystemLib: wchar_t has 16 bits in the DLL; compile without -fno-short-wchar.");
 
 }  // namespace TAMO::TEV::System::detail
+#elif __has_include(<TEVSystemLib/TEVSystemBuild.h>)
+#error \
+    "TEVSystemLib: the DLL is for 64-bit Windows, this compiler makes programs for another system; compile with x86_64-w64-mingw32-g++-posix."
 #endif

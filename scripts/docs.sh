@@ -23,15 +23,16 @@ verb_docs() {
     [ $# -eq 0 ] || docs_look
 }
 
-# A picture each of the first page, two classes, and pages with a diagram or long tables.
+# A picture each of the first page, three classes, and pages with a diagram or long tables.
 docs_look() {
     need_packages "${packages_look[@]}"
     local page name look=$root/build/docs/look profile
     profile=$(mktemp -d)
     rm -rf "$look"
     mkdir -p "$look"
-    for page in index.html class*TEVUtilString.html class*TEVSysCnst.html md_docs_architecture.html \
-        md_docs_configuration_files.html md_docs_com_data.html md_docs_text.html; do
+    for page in index.html class*TEVUtilString.html class*TEVSysCnst.html class*Owner.html \
+        md_docs_architecture.html md_docs_configuration_files.html md_docs_com_data.html \
+        md_docs_text.html md_docs_surprises.html md_docs_ownership.html; do
         name=$(cd "$docs_html" && compgen -G "$page" | head -n 1) || die "there is no page $page"
         chromium --headless --no-sandbox --disable-gpu --hide-scrollbars --user-data-dir="$profile" \
             --allow-file-access-from-files --window-size=1280,1800 --virtual-time-budget=5000 \

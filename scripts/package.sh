@@ -9,6 +9,7 @@ verb_package() {
     verb_docs
     build mingw-release TEVSystemLib tevsys
     local log=$root/build/package.log tree zip
+    rm -rf "$product/package"  # Another version's ZIP would be taken for this one's.
     (cd "$product" && cpack --config CPackConfig.cmake) >"$log" 2>&1 ||
         die "the package could not be made; see $log"
     zip=$(echo "$product"/package/TEVSystemLib-*-win64.zip)

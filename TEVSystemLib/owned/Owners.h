@@ -74,7 +74,7 @@ class Owner {
     // The text, empty when this owner is; for owners of texts.
     auto View() const { return Kind::View(held_); }
 
-    // Gives it up: the caller releases it.
+    // Gives it up; the caller releases it.
     [[nodiscard]] Pointer release() noexcept { return std::exchange(held_, nullptr); }
     // Releases it now.
     void Reset() noexcept { Kind::Release(held_); }

@@ -52,13 +52,13 @@ using Value = NamedText<struct ValuePart>;
 enum class Case { Exact, Ignored };
 
 // The pieces between delimiters; none without a token.
-inline OwnedTextArray Tokenize(Text text, Delimiters delimiters) {
+[[nodiscard]] inline OwnedTextArray Tokenize(Text text, Delimiters delimiters) {
     OwnedTextArray tokens;
     Util::TEVUtilString::Tokenize(delimiters.get(), text.get(), Out(tokens), Count(tokens));
     return tokens;
 }
 
-inline std::string Replace(Text text, Pattern pattern, Replacement replacement) {
+[[nodiscard]] inline std::string Replace(Text text, Pattern pattern, Replacement replacement) {
     return Util::TEVUtilString::Replace(text.get(), replacement.get(), pattern.get());
 }
 
@@ -78,7 +78,7 @@ struct Indices {
 };
 
 // Nothing for a text that is refused.
-inline std::optional<Indices> ExtractIndices(Text text) {
+[[nodiscard]] inline std::optional<Indices> ExtractIndices(Text text) {
     Indices found = {};
     if (!Util::TEVUtilString::ExtractIndices(text.get(), found.first, found.second)) return {};
     return found;
@@ -96,7 +96,7 @@ struct EnvironmentVariables {
 };
 
 // Both arrays come with one count, which Out and Count cannot give to both; none when it fails.
-inline EnvironmentVariables GetCurrentProcessEnvironmentVariables() {
+[[nodiscard]] inline EnvironmentVariables GetCurrentProcessEnvironmentVariables() {
     char** names = nullptr;
     char** values = nullptr;
     std::size_t count = 0;

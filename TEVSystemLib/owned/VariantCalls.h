@@ -61,14 +61,14 @@ bool SetIntArrayVARIANT(const Range& numbers, Into variant) {
 }
 
 // What is extracted; nothing when the variant is refused.
-inline OwnedDoubles ExtractDoubleArrayFromVARIANT(From variant) {
+[[nodiscard]] inline OwnedDoubles ExtractDoubleArrayFromVARIANT(From variant) {
     OwnedDoubles numbers;
     Util::TEVUtilWindows::ExtractDoubleArrayFromVARIANT(Out(numbers), Count(numbers),
                                                         variant.get());
     return numbers;
 }
 
-inline OwnedInts ExtractIntArrayFromVARIANT(From variant) {
+[[nodiscard]] inline OwnedInts ExtractIntArrayFromVARIANT(From variant) {
     OwnedInts numbers;
     Util::TEVUtilWindows::ExtractIntArrayFromVARIANT(Out(numbers), Count(numbers), variant.get());
     return numbers;
@@ -89,7 +89,7 @@ bool SetStringArrayVARIANT(const Range& texts, Into variant) {
 }
 
 // An empty text comes out as null.
-inline OwnedTextArray ExtractStringArrayFromVariant(From variant) {
+[[nodiscard]] inline OwnedTextArray ExtractStringArrayFromVariant(From variant) {
     OwnedTextArray texts;
     Util::TEVUtilWindows::ExtractStringArrayFromVariant(Out(texts), Count(texts), variant.get());
     return texts;
@@ -128,7 +128,7 @@ struct ExtractedTable {
 };
 
 // The entries of a table by columns, an empty value as an empty owner; nothing when it is refused.
-inline std::map<std::string, OwnedText> ExtractKeyValueDataFromVARIANT(From variant) {
+[[nodiscard]] inline std::map<std::string, OwnedText> ExtractKeyValueDataFromVARIANT(From variant) {
     std::map<std::string, OwnedText> entries;
     ExtractedTable table;
     Util::TEVUtilWindows::ExtractKeyValueDataFromVARIANT(variant.get(), table.values);
@@ -141,14 +141,14 @@ inline std::map<std::string, OwnedText> ExtractKeyValueDataFromVARIANT(From vari
 
 // BSTRs, which no other owner may take: the compiler cannot tell their wchar_t** from a wide
 // text's.
-inline OwnedBstr CopyBSTR(const wchar_t* source) {
+[[nodiscard]] inline OwnedBstr CopyBSTR(const wchar_t* source) {
     OwnedBstr copy;
     Util::TEVUtilWindows::CopyBSTR(const_cast<wchar_t*>(source), Out(copy));
     return copy;
 }
 
 // Empty for a null or empty text. Throws _com_error when memory is exhausted.
-inline OwnedBstr FromMultibyteCharToBSTR(Text text) {
+[[nodiscard]] inline OwnedBstr FromMultibyteCharToBSTR(Text text) {
     OwnedBstr made;
     Util::TEVUtilWindows::FromMultibyteCharToBSTR(text.get(), Out(made));
     return made;

@@ -193,7 +193,6 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // is no lock: of two saves at the same moment the later one may undo the other. `changes`, if
     // not null, receives the values as written in the file, before and after; it stays empty
     // when nothing need be changed, and the file is then not written.
-    //
     // False, with the file and the store as they were, when no user file exists, it cannot be read,
     // a key or value cannot be held by a line, the text cannot be written, or the file cannot be
     // replaced. Makes the store.
@@ -298,12 +297,10 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
     // and releases it: its start routine runs, and when nothing wrong is seen in the files, so do
     // those of the modules that it needs, one by one. Where PATH is not consulted, the code form
     // with a code tries the ordinary search as well; ask without directories for that one.
-    //
     // A module that is loaded in this process already is found there, as by the loader. Directories
     // that the process has added by itself are not known here, nor that SetDllDirectory("") has
     // left out the current folder: the system does not tell. A start routine that ends the process
     // ends it. Threads: as TEVUtilWindows::LoadModule.
-    //
     // False, with the explanation empty, when memory is exhausted or a text does not convert.
     static bool ExplainLoadFailure(char const* name, char const** dirs, std::uint64_t count,
                                    LoadExplanation& explanation);

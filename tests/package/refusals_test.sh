@@ -61,6 +61,7 @@ refused 'wchar_t has 16 bits' "$tree" "${clang[@]}" -std=c++17 -fno-short-wchar
 refused 'the DLL uses libstdc++' "$tree" "${libcxx[@]}" -std=c++17
 refused 'the DLL throws by SEH tables' "$tree" "${clang[@]}" -std=c++17 -fsjlj-exceptions
 refused 'the DLL is a 64-bit one' "$tree" clang++-14 --target=i686-w64-mingw32 -std=c++17
+refused 'the DLL is for 64-bit Windows' "$tree" g++ -std=c++17
 refused 'the DLL was built by MinGW-w64' "$tree" \
     clang++-14 --target=x86_64-pc-windows-msvc -std=c++17
 refused 'these headers need C++17' "$tree" clang++-14 --target=x86_64-pc-windows-msvc -std=c++14
@@ -81,3 +82,12 @@ for options in -std=c++17 -std=gnu++20 -std=c++23 '-std=c++17 -D_GLIBCXX_ASSERTI
     accepted "$tree" "${gxx[@]}" $options
 done
 accepted "$tree" "${clang[@]}" -std=c++17
+
+# Nor does CMake, for this machine, find the package.
+! cmake -G Ninja -S "$here/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$tree" >"$log" 2>&1 ||
+    fail "the CMake package is found without a toolchain file"
+tr -s ' \n' ' ' <"$log" >"$log.line"
+grep -q "for 64-bit Windows; configure with --toolchain .*/mingw-w64.cmake" "$log.line" || {
+    cat "$log" >&2
+    fail "the CMake package is refused without the toolchain file that it needs"
+}

@@ -2,6 +2,8 @@
 # zip_test.sh BUILD: makes the ZIP, unpacks it elsewhere and looks at what is inside.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
+# Another version's ZIP would be taken for this one's.
+rm -f "$build"/package/*.zip
 run cpack --config "$build/CPackConfig.cmake"
 rm -rf "$unpacked"
 mkdir -p "$unpacked"

@@ -69,8 +69,11 @@ void GivesBackWhatItGot() {
 }
 
 void ShowsItsVersion() {
-    Expect(VersionNumbers() == "1.0.0.0 1.0.0.0", "the DLL has a version in numbers");
-    Expect(VersionText("FileVersion") == "1.0.0" && VersionText("ProductVersion") == "1.0.0",
+    // That of the CMake package.
+    const std::string version = CONSUMER_VERSION;
+    const std::string numbers = version + ".0";
+    Expect(VersionNumbers() == numbers + " " + numbers, "the DLL has a version in numbers");
+    Expect(VersionText("FileVersion") == version && VersionText("ProductVersion") == version,
            "and in text");
     Expect(VersionText("FileDescription") ==
                "Foundation library of a geospatial image-exploitation framework",

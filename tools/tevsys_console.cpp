@@ -121,6 +121,12 @@ std::wstring ToWide(const std::string& utf8) {
     return wide;
 }
 
+std::wstring Folded(const std::string& text) {
+    std::wstring folded = ToWide(ToUtf8(text));
+    CharLowerBuffW(folded.data(), static_cast<DWORD>(folded.size()));
+    return folded;
+}
+
 Output::Output() {
     // Lines end with LF only, for scripts.
     _setmode(_fileno(stdout), _O_BINARY);

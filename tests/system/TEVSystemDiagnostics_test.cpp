@@ -60,12 +60,12 @@ TEST_F(ExplainProperty, NamesFileAndLineAndAgreesWithTheStore) {
 TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
     const Variable variable("TEV_TEST_EXPLAINED", "old");
     const Variable notAskedFor("TEV_TEST_NOT_ASKED_FOR", "1");
-    Load("k = 1\nf = 1\n", "u = 1\n");
+    Load("k = 1\nf = 1\ngone = 1\ns = 1\n", "u = 1\n");
     EXPECT_EQ(Get("TEV_TEST_EXPLAINED"), "old");
     variable.Set("new");
     Store::SetUserProperty("k", "set");
     user_.Write(kUserFile, "u = 2\n");
-    system_.Write(kSystemFile, "k = 1\nf = 2\n");
+    system_.Write(kSystemFile, "k = 1\nf = 2\n\ns = 1\n");
     const struct {
         const char* key;
         Layer layer;
@@ -75,7 +75,9 @@ TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
     } rows[] = {
         {"k", Layer::SystemFile, "1", Layer::SetInProcess, "set"},
         {"u", Layer::UserFile, "2", Layer::SetInProcess, "1"},
-        {"f", Layer::SystemFile, "2", Layer::SystemFile, "1"},
+        {"f", Layer::SystemFile, "2", Layer::SetInProcess, "1"},
+        {"s", Layer::SystemFile, "1", Layer::SystemFile, "1"},
+        {"gone", Layer::None, "", Layer::SetInProcess, "1"},
         {"TEV_TEST_EXPLAINED", Layer::Environment, "new", Layer::CachedEnvironment, "old"},
         {"TEV_TEST_NOT_ASKED_FOR", Layer::Environment, "1", Layer::Environment, "1"},
         {"nothing", Layer::None, "", Layer::None, ""},
@@ -86,6 +88,7 @@ TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
         const auto explanation = Explain(row.key);
         EXPECT_EQ(explanation.answer.layer, row.layer);
         EXPECT_EQ(explanation.held.layer, row.heldLayer);
+        EXPECT_EQ(explanation.held.place.line > 0, row.heldLayer == Layer::SystemFile);
         if (row.value != nullptr) {
             EXPECT_EQ(explanation.answer.value, row.value);
             EXPECT_EQ(explanation.held.value, row.held);

@@ -74,7 +74,7 @@ std::string FromWide(const wchar_t* wide) {
 }  // namespace
 
 ExitCode Fail(ExitCode code, const std::string& reason) {
-    std::cerr << "tevsys: " << reason << '\n';
+    std::cerr << "tevsys: " << ToUtf8(reason) << '\n';
     return code;
 }
 

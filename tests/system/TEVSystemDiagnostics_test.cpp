@@ -2,8 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "system/StoreFixture.h"
@@ -191,6 +193,36 @@ TEST_F(PropertiesSnapshot, StaysAsItWasTaken) {
     EXPECT_THAT(changes, IsEmpty());
     ASSERT_TRUE(TEVSystemDiagnostics::CompareSnapshots(nullptr, after, changes));
     EXPECT_EQ(changes.size(), after->system.size() + after->user.size());
+}
+
+TEST_F(PropertiesSnapshot, MayBeReadByAnyThreadWhileTheStoreChanges) {
+    constexpr int kThreads = 16;
+    Load("s = 1\n", "u = 1\n");
+    TEVSystemDiagnostics::Snapshot taken;
+    ASSERT_TRUE(TEVSystemDiagnostics::TakePropertiesSnapshot(taken));
+    std::atomic<bool> isOver{false};
+    std::atomic<int> reading{0};
+    std::atomic<int> wrong{0};
+    const auto read = [&] {
+        const TEVSystemDiagnostics::Snapshot own = taken;
+        for (bool isFirst = true; !isOver || isFirst; isFirst = false) {
+            Changes changes;
+            const bool isSame = TEVSystemDiagnostics::CompareSnapshots(own, taken, changes);
+            if (!isSame || !changes.empty() || own->user.at("u") != "1") ++wrong;
+            if (isFirst) ++reading;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) threads.emplace_back(read);
+    while (reading < kThreads) std::this_thread::yield();
+    for (int i = 0; i < 20; ++i) {
+        Store::SetUserProperty("u", std::to_string(i).c_str());
+        Store::InitializeProperties();
+    }
+    isOver = true;
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(taken->user.at("u"), "1");
 }
 
 class SaveUserPropertiesPreserving : public StoreFixture {

@@ -125,6 +125,7 @@ struct Arguments {
     std::string uncertainty;
     std::vector<std::string> words;
     std::vector<std::string> command;
+    std::vector<std::string> files;
     std::vector<std::string> redacted;
     bool scientific = false;
     bool all = false;
@@ -177,8 +178,11 @@ void AddAnswers(CLI::App& app, Arguments& a) {
     explain->add_flag("--all", a.all, "Every property of the store")->excludes(key);
     AddShowing(explain, a);
 
-    CLI::App* check = AddVerb(app, a, "check", "Tell what is odd in properties files",
-                              [&a] { return tevsys::Check(a.words, a.redacted, a.json); });
+    CLI::App* check = AddVerb(app, a, "check", "Tell what is odd in properties files", [&a] {
+        // What stands behind -- is left to the parser.
+        a.files.insert(a.files.end(), a.words.begin(), a.words.end());
+        return tevsys::Check(a.files, a.redacted, a.json);
+    });
     check->add_option("FILE", a.words, "Properties files; none for those that the store finds");
     AddShowing(check, a);
 
@@ -208,7 +212,7 @@ void AddVerbs(CLI::App& app, Arguments& a) {
     env->add_flag("--dry-run", a.dryRun, "Print what the directives would do instead");
     AddShowing(env, a);
     AddVerb(app, a, "run", "Run a program in the environment that the directives prepare", [&a] {
-        if (a.command.empty())
+        if (a.command.empty() || a.command.front().empty())
             return static_cast<int>(
                 Fail(kUsage, "COMMAND is required; tevsys run --help tells the usage"));
         return tevsys::RunProgram(a.command);
@@ -238,6 +242,23 @@ std::vector<std::string> TakeCommand(std::vector<std::string>& words) {
     return command;
 }
 
+// Takes the files off the words for the verb check, for the same reason.
+std::vector<std::string> TakeFiles(std::vector<std::string>& words) {
+    if (words.size() < 2 || words[1] != "check") return {};
+    std::vector<std::string> files;
+    for (auto at = words.begin() + 2; at != words.end();) {
+        const bool isOption = !at->empty() && at->front() == '-';
+        const auto next = at + 1;
+        if (isOption) {
+            at = *at == "--redact" && next != words.end() ? next + 1 : next;
+        } else {
+            files.push_back(*at);
+            at = words.erase(at);
+        }
+    }
+    return files;
+}
+
 int Run(std::vector<std::string> words) {
     CLI::App app{"Shows and changes the configuration that TEVSystemLib gives to its hosts.",
                  "tevsys"};
@@ -246,6 +267,7 @@ int Run(std::vector<std::string> words) {
     app.footer(tevsys::Manual(""));
     Arguments arguments;
     arguments.command = TakeCommand(words);
+    arguments.files = TakeFiles(words);
     AddVerbs(app, arguments);
     try {
         app.parse(std::vector<std::string>(words.rbegin(), words.rend() - 1));

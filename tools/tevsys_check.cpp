@@ -97,14 +97,19 @@ ExitCode Check(std::vector<std::string> files, const std::vector<std::string>& r
                     "TEV_SYS_CONFIG_DIR and TEV_USER_CONFIG_DIR");
     Redactor redactor(redacted);
     Findings findings;
+    std::vector<std::string> unreadable;
     for (const std::string& file : files) {
         redactor.AlsoHideThoseOf(file);
         Findings inFile;
         if (!Diagnostics::CheckPropertiesFile(file.c_str(), Diagnostics::FileRole::ByName, inFile))
-            return Fail(kUsage, "cannot read " + file);
+            unreadable.push_back(file);
         findings.insert(findings.end(), inFile.begin(), inFile.end());
     }
-    asJson ? WriteFindings(findings, redactor) : Show(findings, redactor);
+    if (unreadable.size() < files.size())
+        asJson ? WriteFindings(findings, redactor) : Show(findings, redactor);
+    std::cout.flush();
+    for (const std::string& file : unreadable) Fail(kUsage, "cannot read " + file);
+    if (!unreadable.empty()) return kUsage;
     const bool isClean = std::all_of(findings.begin(), findings.end(), [](const auto& finding) {
         return finding.severity == Diagnostics::Severity::Note;
     });

@@ -74,7 +74,7 @@ std::string FromWide(const wchar_t* wide) {
 }  // namespace
 
 ExitCode Fail(ExitCode code, const std::string& reason) {
-    std::cerr << "tevsys: " << reason << '\n';
+    std::cerr << "tevsys: " << ToUtf8(reason) << '\n';
     return code;
 }
 
@@ -119,6 +119,12 @@ std::wstring ToWide(const std::string& utf8) {
     MultiByteToWideChar(CP_UTF8, 0, utf8.c_str(), -1, wide.data(), size);
     wide.pop_back();
     return wide;
+}
+
+std::wstring Folded(const std::string& text) {
+    std::wstring folded = ToWide(ToUtf8(text));
+    CharLowerBuffW(folded.data(), static_cast<DWORD>(folded.size()));
+    return folded;
 }
 
 Output::Output() {

@@ -24,6 +24,9 @@ std::vector<std::string> Spellings(const std::string& utf8);
 
 std::wstring ToWide(const std::string& utf8);
 
+// A text in any bytes as it is compared where the case of letters does not count.
+std::wstring Folded(const std::string& text);
+
 // Prepares the output: bytes as they are; UTF-8 and colours on a terminal.
 class Output {
  public:

@@ -37,6 +37,11 @@ const std::string& OwnerOf(const Step& step, const Redactor& redactor) {
     return redactor.Hides(step.key) ? step.key : step.variable;
 }
 
+// Without a value the directive may lack its separator, and its variable be the value.
+std::string VariableOf(const Step& step, const Redactor& redactor) {
+    return step.value.empty() ? redactor.Value(step.key, step.variable) : ToUtf8(step.variable);
+}
+
 std::string ReasonOf(const Step& step, const Redactor& redactor) {
     return redactor.Message(OwnerOf(step, redactor), step.isFolderMissing ? step.value : "",
                             step.reason);
@@ -51,7 +56,7 @@ void Show(const Step& step, const Redactor& redactor) {
     std::cout << Painted(Colour::Key, ToUtf8(step.key));
     if (step.place.line > 0) std::cout << "  (" << PlaceText(step.place) << ')';
     std::cout << "\n  " << (step.kind.empty() ? "-" : step.kind);
-    if (!step.variable.empty()) std::cout << ' ' << ToUtf8(step.variable);
+    if (!step.variable.empty()) std::cout << ' ' << VariableOf(step, redactor);
     if (!step.value.empty())
         std::cout << " | " << redactor.Value(OwnerOf(step, redactor), step.value);
     std::cout << '\n';
@@ -74,7 +79,7 @@ Json ToJson(const Step& step, const Redactor& redactor) {
     json["file"] = step.place.line > 0 ? Json(ToUtf8(step.place.file)) : Json();
     json["line"] = step.place.line > 0 ? Json(step.place.line) : Json();
     json["kind"] = step.kind.empty() ? Json() : Json(step.kind);
-    json["variable"] = ToUtf8(step.variable);
+    json["variable"] = VariableOf(step, redactor);
     json["value"] = redactor.Value(OwnerOf(step, redactor), step.value);
     json["outcome"] = NameOf(step.outcome);
     json["reason"] = ReasonOf(step, redactor);

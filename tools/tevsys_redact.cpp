@@ -1,11 +1,10 @@
 #include "tools/tevsys_redact.h"
 
 #include <TEVSystemLib/util/file/TEVUtilFile.h>
-#include <TEVSystemLib/util/string/TEVUtilString.h>
 
 #include <algorithm>
 #include <new>
-#include <utility>
+#include <string_view>
 
 #include "tools/tevsys_console.h"
 #include "tools/tevsys_store.h"
@@ -15,7 +14,6 @@ namespace tevsys {
 namespace {
 
 using TAMO::TEV::System::Util::TEVUtilFile;
-using TAMO::TEV::System::Util::TEVUtilString;
 
 constexpr char kHidden[] = "[hidden]";
 
@@ -23,16 +21,16 @@ bool LongFirst(const std::string& a, const std::string& b) {
     return a.size() != b.size() ? a.size() > b.size() : a < b;
 }
 
-bool Matches(std::string_view pattern, std::string_view name) {
+bool Matches(std::wstring_view pattern, std::wstring_view name) {
     std::size_t at = 0;
     for (; at < pattern.size(); ++at, name.remove_prefix(1)) {
-        if (pattern[at] == '*') {
-            const std::string_view rest = pattern.substr(at + 1);
+        if (pattern[at] == L'*') {
+            const std::wstring_view rest = pattern.substr(at + 1);
             for (std::size_t skipped = 0; skipped <= name.size(); ++skipped)
                 if (Matches(rest, name.substr(skipped))) return true;
             return false;
         }
-        if (name.empty() || (pattern[at] != '?' && pattern[at] != name.front())) return false;
+        if (name.empty() || (pattern[at] != L'?' && pattern[at] != name.front())) return false;
     }
     return name.empty();
 }
@@ -42,13 +40,10 @@ void Require(bool isKnown) {
     if (!isKnown) throw std::bad_alloc();
 }
 
-std::string Lower(const std::string& text) { return TEVUtilString::ToLower(text); }
-
 }  // namespace
 
-Redactor::Redactor(std::vector<std::string> patterns)
-    : patterns_(std::move(patterns)), hidden_(LongFirst) {
-    for (std::string& pattern : patterns_) pattern = Lower(pattern);
+Redactor::Redactor(const std::vector<std::string>& patterns) : hidden_(LongFirst) {
+    for (const std::string& pattern : patterns) patterns_.push_back(Folded(pattern));
     if (patterns_.empty()) return;
     HideConfigured();
     HideVariables();
@@ -62,8 +57,9 @@ void Redactor::AlsoHideThoseOf(const std::string& file) {
 }
 
 bool Redactor::Hides(const std::string& name) const {
+    const std::wstring folded = Folded(name);
     return std::any_of(patterns_.begin(), patterns_.end(),
-                       [&](const std::string& pattern) { return Matches(pattern, Lower(name)); });
+                       [&](const std::wstring& pattern) { return Matches(pattern, folded); });
 }
 
 std::string Redactor::Value(const std::string& name, const std::string& value) const {

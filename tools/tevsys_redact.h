@@ -15,7 +15,7 @@ using Diagnostics = TAMO::TEV::System::TEVSystemDiagnostics;
 class Redactor {
  public:
     // Patterns hold "*" for any text and "?" for any character; case does not count.
-    explicit Redactor(std::vector<std::string> patterns);
+    explicit Redactor(const std::vector<std::string>& patterns);
     // Hides what a properties file has under such names as well.
     void AlsoHideThoseOf(const std::string& file);
 
@@ -33,7 +33,7 @@ class Redactor {
     void HideConfigured();
     void HideVariables();
 
-    std::vector<std::string> patterns_;
+    std::vector<std::wstring> patterns_;
     // Long ones first, so that none is left in part.
     std::set<std::string, bool (*)(const std::string&, const std::string&)> hidden_;
 };

@@ -52,28 +52,42 @@ detail::SourceFile UserFile() {
     return place.folder.empty() ? detail::ScanFile(std::move(place), "") : Scan(std::move(place));
 }
 
+// What supplied an entry that the store holds, where it can be told: the store keeps values only.
+Diagnostics::Layer LayerOfHeld(const ConfigurationModel& model, Diagnostics::Table table,
+                               const std::string& key, const std::string& value) {
+    const auto& expected = model.Final(table);
+    const Diagnostics::Layer layer = model.LayerOf(table, key);
+    if (const auto same = expected.find(key); same != expected.end() && same->second == value)
+        return layer;
+    // The variable may have another value by now.
+    const bool isCopied =
+        layer == Diagnostics::Layer::CachedEnvironment && Util::detail::TryReadVariable(key);
+    return isCopied ? layer : Diagnostics::Layer::SetInProcess;
+}
+
+Diagnostics::Source HeldIn(const ConfigurationModel& model, Diagnostics::Table table,
+                           const std::string& key, const std::string& value) {
+    Diagnostics::Source held;
+    held.layer = LayerOfHeld(model, table, key, value);
+    if (held.layer != Diagnostics::Layer::SetInProcess) held.place = model.PlaceOf(table, key);
+    held.value = value;
+    return held;
+}
+
 void AddHeld(const ConfigurationModel& model, Diagnostics::Explanation& explanation) {
     const auto store = detail::ExistingStore();
     if (!store) return;
     explanation.isStoreMade = true;
     const std::string& key = explanation.key;
     const auto& [system, user] = store->tables;
-    if (const auto found = user.find(key); found != user.end()) {
-        const auto& expected = model.Final(Diagnostics::Table::User);
-        const auto same = expected.find(key);
-        const bool isSame = same != expected.end() && same->second == found->second;
-        explanation.held.layer = isSame ? model.LayerOf(Diagnostics::Table::User, key)
-                                        : Diagnostics::Layer::SetInProcess;
-        explanation.held.value = found->second;
-    } else if (const auto cached = system.find(key); cached != system.end()) {
-        explanation.held.layer = model.LayerOf(Diagnostics::Table::System, key);
-        explanation.held.value = cached->second;
+    if (const auto set = user.find(key); set != user.end()) {
+        explanation.held = HeldIn(model, Diagnostics::Table::User, key, set->second);
+    } else if (const auto loaded = system.find(key); loaded != system.end()) {
+        explanation.held = HeldIn(model, Diagnostics::Table::System, key, loaded->second);
     } else if (auto variable = Util::detail::TryReadVariable(key)) {
         explanation.held.layer = Diagnostics::Layer::Environment;
         explanation.held.value = *std::move(variable);
     }
-    explanation.held.place = model.PlaceOf(
-        user.count(key) > 0 ? Diagnostics::Table::User : Diagnostics::Table::System, key);
     explanation.held.written = explanation.held.value;
 }
 

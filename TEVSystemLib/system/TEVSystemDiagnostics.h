@@ -128,7 +128,8 @@ class TEVSYSTEMLIB_API TEVSystemDiagnostics {
 
     // What a lookup of a key would answer. A null key counts as empty.
     static bool ExplainProperty(const char* key, Explanation& explanation);
-    // The same for every key that is in a table, sorted.
+    // The same for every key that the files and the environment put in a table, sorted; one that
+    // only SetUserProperty has set is not among them.
     static bool ExplainProperties(std::vector<Explanation>& explanations);
 
     // A note is worth knowing; a warning asks for a change.

@@ -11,7 +11,7 @@ GDAL = ["util/file/TEVIO.cpp"]
 WINDOWS = ["util/windows/*.cpp", "util/windows/detail/*", "util/string/TEVUtilString_Charset.cpp",
            "util/file/TEVUtilFile_Listing.cpp", "system/detail/LoaderState.cpp"]
 FOREIGN = {
-    "cpl_vsi.h": GDAL,
+    **dict.fromkeys(["cpl_vsi.h", "cpl_string.h"], GDAL),
     **dict.fromkeys(["windows.h", "psapi.h", "objbase.h", "oleauto.h", "shlobj.h", "comdef.h", "rpc.h"],
                     WINDOWS),
     "immintrin.h": ["util/string/detail/wide/Vectors.h"],

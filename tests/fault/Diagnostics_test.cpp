@@ -145,6 +145,17 @@ class FaithfulSaveOnDisk : public StoreFixture {
 
 namespace calls = tev::fault::calls;
 
+TEST_F(FaithfulSaveOnDisk, TheFolderOfTheFileMayHaveANameBeyondAscii) {
+    const std::string folder = user_ / "d\xE9p\xF4t";
+    ASSERT_NE(CreateDirectoryA(folder.c_str(), nullptr), 0);
+    const std::string file = user_.Write(std::string("d\xE9p\xF4t\\") + kUserFile, "a = old\n");
+    userVariable_.Set(folder);
+    Store::InitializeProperties();
+    Store::SetUserProperty("a", "new");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(ReadAll(file), "a = new\n");
+}
+
 TEST_F(FaithfulSaveOnDisk, ARefusedMoveKeepsTheOldFile) {
     ExpectKeptWhileRefused(calls::MoveFileExW, FALSE);
 }

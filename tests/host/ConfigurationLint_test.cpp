@@ -60,6 +60,10 @@ TEST(Lint, FindsWhatIsOddInASystemFile) {
         {"tev.env.add.path.1=L|C:/kit\n", ""},
         {"tev.env.add.path.1=L|C:/no\n", "1 ignored-directive"},
         {"tev.env.set.1=L|x\n", "1 unknown-directive"},
+        {"TEV.ENV.NEW.1=A|b\ntev.ENV.new.2=A\n", "1 unknown-directive, 2 unknown-directive"},
+        {"TEV.PATH.DTED0=1\nTEV.Sys.Config.Dir=x\n", "1 key-case, 2 key-case"},
+        {"TAMO:corvid.log.dir=x\nKEV.x=1\n", "1 key-case"},
+        {"tev.ENVY=x\n", "1 unknown-key"},
         {"\xEF\xBB\xBF# a\n", "1 byte-order-mark, 1 no-separator"},
         {"a=1\nb=1\0\n"s, "2 nul-byte"},
         {"a=1\0\0\nb=1\0\n"s, "1 nul-byte, 1 no-separator, 2 nul-byte"},
@@ -89,7 +93,8 @@ TEST(Lint, FindsWhatIsOddInAUserFile) {
         {"tev.log.level=loud\n", "1 not-put-right"},
         {"tev.logging.status=YES\n", ""},
         {"tev.user.properties=x\ntev.user.config.dir=y\n", ""},
-        {"tev.env.add.1=L|x\n", "1 user-directive"},
+        {"tev.env.add.1=L|x\ntev.ENV.add.1=L|x\n", "1 user-directive, 2 user-directive"},
+        {"TEV.path.dted0=1\n", "1 key-case"},
         {"a=%s%\n", ""},
         {"tevx=1\n", ""},
         {"TEV.log.level=info\n", "1 key-case"},
@@ -171,8 +176,16 @@ TEST(Lint, TellsAllAboutAFindingInASystemFile) {
          "default \"minimum\" is taken"},
         {"\ntev.env.replace.1=X|1",
          "2 warning ignored-directive [tev.env.replace.1] {} the directive is ignored: the "
-         "variable "
-         "is not set (X)"},
+         "variable is not set (X)"},
+        {"tev.env.del.1=X",
+         "1 warning ignored-directive [tev.env.del.1] {X} the directive is ignored: the variable "
+         "is not set (\"X\")"},
+        {"Tev.env.new.1=X|1",
+         "1 warning unknown-directive [Tev.env.new.1] {} a directive's key is in lower case; this "
+         "one does nothing"},
+        {"tev.env.new.1=swordfish",
+         "1 warning ignored-directive [tev.env.new.1] {swordfish} the directive is ignored: there "
+         "is no \"|\" between name and value (\"swordfish\")"},
         {"tev.env.new.1=|",
          "1 warning ignored-directive [tev.env.new.1] {} the directive is ignored: nothing stands "
          "on one side of the \"|\""},

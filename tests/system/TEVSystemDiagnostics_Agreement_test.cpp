@@ -221,6 +221,41 @@ void ExpectUnresolved(const Findings& findings, const Table& table) {
     }
 }
 
+bool HasReference(const std::string& value) {
+    return std::count(value.begin(), value.end(), '%') > 1;
+}
+
+// A value may also have got a reference from another one, which is told of there.
+bool HasInherited(const TEVSystemDiagnostics::Explanation& explanation) {
+    const auto& all = explanation.references;
+    return std::any_of(all.begin(), all.end(), [](const auto& reference) {
+        return reference.fate == TEVSystemDiagnostics::Fate::Resolved &&
+               reference.value.find('%') != std::string::npos;
+    });
+}
+
+// What is loaded still holds a reference only where the lint says so of the line that counts.
+void ExpectReferences(const Said& said, const Loaded& loaded) {
+    for (const auto& explanation : said.explanations) {
+        const std::string& key = explanation.key;
+        const TEVSystemDiagnostics::Source& answer = explanation.answer;
+        const bool isUser = answer.layer == Layer::UserFile;
+        const bool isCorrected = explanation.correction != TEVSystemDiagnostics::Correction::None;
+        if ((!isUser && answer.layer != Layer::SystemFile) || isCorrected ||
+            !HasReference(answer.written) || HasInherited(explanation))
+            continue;
+        const Findings& findings = isUser ? said.user : said.system;
+        const bool isTold = std::any_of(findings.begin(), findings.end(), [&](const auto& finding) {
+            return finding.key == key && IsOneOf(finding.id, {"unresolved-reference",
+                                                              "self-reference", "expanded-later"});
+        });
+        const std::string& value = (isUser ? loaded.user : loaded.system).at(key);
+        SCOPED_TRACE(key + " is " + value);
+        EXPECT_TRUE(isTold || !HasReference(value));
+        EXPECT_TRUE(!isTold || value.find('%') != std::string::npos);
+    }
+}
+
 Lines LinesOf(const Findings& findings, std::initializer_list<const char*> ids) {
     Lines lines;
     for (const auto& finding : findings)
@@ -267,6 +302,7 @@ TEST_F(Agreement, TheStoreOfAnotherProcessDoesWhatWasSaid) {
             ExpectCorrections(said, loaded);
             ExpectUnresolved(said.system, loaded.system);
             ExpectUnresolved(said.user, loaded.user);
+            ExpectReferences(said, loaded);
             if (HasFailure()) return;
         }
     }

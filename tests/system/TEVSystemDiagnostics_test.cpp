@@ -2,8 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "system/StoreFixture.h"
@@ -60,12 +62,12 @@ TEST_F(ExplainProperty, NamesFileAndLineAndAgreesWithTheStore) {
 TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
     const Variable variable("TEV_TEST_EXPLAINED", "old");
     const Variable notAskedFor("TEV_TEST_NOT_ASKED_FOR", "1");
-    Load("k = 1\nf = 1\n", "u = 1\n");
+    Load("k = 1\nf = 1\ngone = 1\ns = 1\n", "u = 1\n");
     EXPECT_EQ(Get("TEV_TEST_EXPLAINED"), "old");
     variable.Set("new");
     Store::SetUserProperty("k", "set");
     user_.Write(kUserFile, "u = 2\n");
-    system_.Write(kSystemFile, "k = 1\nf = 2\n");
+    system_.Write(kSystemFile, "k = 1\nf = 2\n\ns = 1\n");
     const struct {
         const char* key;
         Layer layer;
@@ -75,7 +77,9 @@ TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
     } rows[] = {
         {"k", Layer::SystemFile, "1", Layer::SetInProcess, "set"},
         {"u", Layer::UserFile, "2", Layer::SetInProcess, "1"},
-        {"f", Layer::SystemFile, "2", Layer::SystemFile, "1"},
+        {"f", Layer::SystemFile, "2", Layer::SetInProcess, "1"},
+        {"s", Layer::SystemFile, "1", Layer::SystemFile, "1"},
+        {"gone", Layer::None, "", Layer::SetInProcess, "1"},
         {"TEV_TEST_EXPLAINED", Layer::Environment, "new", Layer::CachedEnvironment, "old"},
         {"TEV_TEST_NOT_ASKED_FOR", Layer::Environment, "1", Layer::Environment, "1"},
         {"nothing", Layer::None, "", Layer::None, ""},
@@ -86,6 +90,7 @@ TEST_F(ExplainProperty, TellsWhatTheStoreHoldsInstead) {
         const auto explanation = Explain(row.key);
         EXPECT_EQ(explanation.answer.layer, row.layer);
         EXPECT_EQ(explanation.held.layer, row.heldLayer);
+        EXPECT_EQ(explanation.held.place.line > 0, row.heldLayer == Layer::SystemFile);
         if (row.value != nullptr) {
             EXPECT_EQ(explanation.answer.value, row.value);
             EXPECT_EQ(explanation.held.value, row.held);
@@ -188,6 +193,36 @@ TEST_F(PropertiesSnapshot, StaysAsItWasTaken) {
     EXPECT_THAT(changes, IsEmpty());
     ASSERT_TRUE(TEVSystemDiagnostics::CompareSnapshots(nullptr, after, changes));
     EXPECT_EQ(changes.size(), after->system.size() + after->user.size());
+}
+
+TEST_F(PropertiesSnapshot, MayBeReadByAnyThreadWhileTheStoreChanges) {
+    constexpr int kThreads = 16;
+    Load("s = 1\n", "u = 1\n");
+    TEVSystemDiagnostics::Snapshot taken;
+    ASSERT_TRUE(TEVSystemDiagnostics::TakePropertiesSnapshot(taken));
+    std::atomic<bool> isOver{false};
+    std::atomic<int> reading{0};
+    std::atomic<int> wrong{0};
+    const auto read = [&] {
+        const TEVSystemDiagnostics::Snapshot own = taken;
+        for (bool isFirst = true; !isOver || isFirst; isFirst = false) {
+            Changes changes;
+            const bool isSame = TEVSystemDiagnostics::CompareSnapshots(own, taken, changes);
+            if (!isSame || !changes.empty() || own->user.at("u") != "1") ++wrong;
+            if (isFirst) ++reading;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) threads.emplace_back(read);
+    while (reading < kThreads) std::this_thread::yield();
+    for (int i = 0; i < 20; ++i) {
+        Store::SetUserProperty("u", std::to_string(i).c_str());
+        Store::InitializeProperties();
+    }
+    isOver = true;
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(taken->user.at("u"), "1");
 }
 
 class SaveUserPropertiesPreserving : public StoreFixture {

@@ -282,6 +282,11 @@ for verb in '' $verbs; do
         example "${command%  # *}"
         subject=$command
         exits "$wanted"
+        case $command in
+            *' set demo.'* | *' set -- '* | *' exit '* | *' check clean'*) ;;
+            *'  # '*) holds 'says something' [ -s out -o -s err ] ;;
+            *) holds 'prints something' [ -s out ] ;;
+        esac
         holds 'shows no colour' lacks $'\x1b'
     done 3<examples
 done
@@ -306,6 +311,7 @@ check|a|--redact
 env|--dry
 run
 run|--
+run||x
 where|a
 remove|a
 figures

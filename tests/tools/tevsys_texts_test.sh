@@ -19,6 +19,27 @@ TEV_SYS_CONFIG_DIR=$place\\hidden tevsys explain db.password --redact 'db.*'
 exits 0; shows_none cod
 TEV_SYS_CONFIG_DIR=$place\\hidden tevsys explain db.password --redact 'db.*' --json
 exits 0; shows_none cod
+# of a directive without "|" the value is taken for the variable's name
+printf '%s\n' 'tev.env.new.secret = hunter2' 'tev.env.add.secret2 = swordfish|b|c' \
+    'tev.env.del.pw = carp' >hidden/tev.system.properties
+for form in '' --json; do
+    tevsys check hidden/tev.system.properties $form --redact '*secret*' --redact '*.pw'
+    exits 1; shows_none hunter2 swordfish carp
+    TEV_SYS_CONFIG_DIR=$place\\hidden tevsys env --dry-run $form --redact '*secret*' --redact '*.pw'
+    exits 1; shows_none hunter2 swordfish carp
+done
+# names in any letter case, beyond ASCII, of files and of variables
+printf 'größe = swordfish\nDÉPÔT.x = carp\n' >hidden/tev.system.properties
+for pattern in 'gr?ße' 'GRÖßE' 'größe'; do
+    TEV_SYS_CONFIG_DIR=$place\\hidden tevsys explain --all --redact "$pattern" --redact 'dépôt*'
+    exits 0; shows_none carp swordfish
+done
+for pattern in 'TEV_TEST_GR?SSE' 'tev_test_grösse' 'TEV_TEST_GRÖSSE'; do
+    subject="tevsys env --redact $pattern" code=0
+    env TEV_TEST_GRÖSSE=swordfish "$root/scripts/wine.sh" "$tevsys" env --redact "$pattern" >out ||
+        code=$?
+    exits 0; shows_none swordfish
+done
 
 # texts beyond ASCII, of files and of variables
 printf 'a.mixed = caf\xc3\xa9 %%TEV_TEST_FORM%% \xe9\n' >hidden/tev.system.properties
@@ -33,6 +54,8 @@ done
 # a system file that is there and cannot be read
 printf 'a = 1\n' >hidden/tev.system.properties
 mkfifo gate
+mkdir dépôt
+ln hidden/tev.system.properties dépôt/tev.user.properties
 WINEPATH=Z:$bin "$root/scripts/wine.sh" "$host" "lock:$place\\hidden\\tev.system.properties" hold \
     <gate >held &
 locker=$!
@@ -44,6 +67,8 @@ done
 holds 'is locked' grep -qx locked held
 TEV_SYS_CONFIG_DIR=$place\\hidden tevsys check
 exits 2; prints ''; says 'cannot read .*hidden'; says_one_line
+TEV_USER_CONFIG_DIR=$place\\dépôt tevsys set a 2
+exits 1; prints ''; says 'could not replace .*dépôt.*tev.user.properties'; says_one_line
 exec 9>&-
 wait "$locker"
 # a file that is not found is not taken for a clean one
@@ -88,6 +113,24 @@ tev.env.new.9|X|directives count in the system file only
 tev.lgo.level|DEBUG|unknown key
 b.reference|%TEV_NO_SUCH%|%TEV_NO_SUCH% is in no table
 WARNINGS
+
+# set: the folder may have a name beyond ASCII
+TEV_USER_CONFIG_DIR=$place\\dépôt tevsys set a 2
+exits 0; prints ''; says_nothing
+holds 'is set there' grep -qx 'a = 2' dépôt/tev.user.properties
+
+# check: a file may have any name
+printf 'a = 1\na = 2\n' >'[a,b]'
+tevsys check --json '[a,b]'
+exits 1; holds 'names the file' grep -q '"file": "\[a,b\]"' out
+tevsys check '[]'
+exits 2; prints ''; says 'cannot read \[\]'
+tevsys check -- -none
+exits 2; prints ''; says 'cannot read -none'
+# one that cannot be read does not keep what was found in another from being told
+tevsys check '[]' '[a,b]' empty/none
+exits 2; prints_line '[a,b]:1: warning: "a" is written again in line 2, which counts [duplicate-key]'
+says 'cannot read \[\]'; says 'cannot read empty/none'
 
 # run: the program gets its arguments as they stand
 for mark in '' --; do

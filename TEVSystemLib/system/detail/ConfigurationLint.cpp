@@ -6,6 +6,7 @@
 
 #include "TEVSystemLib/system/detail/KnownKeys.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
 
 namespace TAMO::TEV::System::detail {
 
@@ -114,15 +115,11 @@ class Linter {
 
     void CheckKey(const FileLine& line) {
         const std::string& key = line.key;
-        if (StartsWith(key, "tev.env.")) {
-            if (table_ == Table::User)
-                Add(line.number, "user-directive", key,
-                    "directives count in the system file only; here it does nothing");
-            return;
-        }
-        if (const WellKnownProperty* row = FindWellKnown(key); row != nullptr && key != row->key) {
+        const std::string lower = Util::detail::ToLower(key);
+        if (StartsWith(lower, "tev.env.")) return CheckDirectiveKey(line, lower);
+        if (lower != key && IsKnownKey(lower)) {
             Add(line.number, "key-case", key,
-                "no lookup of " + Quoted(row->key) + " finds this key: case counts");
+                "no lookup of " + Quoted(lower) + " finds this key: case counts");
             return;
         }
         if (!StartsWith(key, "tev.") || IsKnownKey(key)) return;
@@ -130,6 +127,16 @@ class Linter {
         Add(line.number, "unknown-key", key,
             "unknown key " + Quoted(key) +
                 (nearest == nullptr ? "" : "; did you mean " + Quoted(nearest) + "?"));
+    }
+
+    void CheckDirectiveKey(const FileLine& line, const std::string& lower) {
+        if (table_ == Table::User) {
+            Add(line.number, "user-directive", line.key,
+                "directives count in the system file only; here it does nothing");
+        } else if (lower != line.key) {
+            Add(line.number, "unknown-directive", line.key,
+                "a directive's key is in lower case; this one does nothing");
+        }
     }
 
     void CheckReferences(const FileLine& line) {
@@ -180,11 +187,15 @@ class Linter {
             if (step.outcome == Outcome::Changed || step.outcome == Outcome::Unchanged) continue;
             const bool isKnown = !step.kind.empty();
             std::string message = "the directive is ignored: " + step.reason;
-            if (!step.variable.empty()) message += " (" + step.variable + ')';
+            // Without a value the directive may lack its separator, and its variable be the value.
+            const bool isAlone = step.value.empty();
+            if (!step.variable.empty())
+                message += " (" + (isAlone ? Quoted(step.variable) : step.variable) + ')';
             auto& finding =
                 Add(step.place.line, isKnown ? "ignored-directive" : "unknown-directive", step.key,
                     std::move(message));
             if (step.isFolderMissing) finding.value = step.value;
+            if (isAlone) finding.value = step.variable;
         }
     }
 

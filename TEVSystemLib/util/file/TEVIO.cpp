@@ -1,6 +1,8 @@
 #include <TEVSystemLib/util/file/TEVIO.h>
+#include <cpl_string.h>
 #include <cpl_vsi.h>
 
+#include <memory>
 #include <string_view>
 
 #include "TEVSystemLib/util/file/detail/FileContent.h"
@@ -159,6 +161,12 @@ bool detail::RemoveFile(const std::string& path) { return VSIUnlink(path.c_str()
 
 bool detail::MoveOverVirtual(const std::string& from, const std::string& to) {
     return VSIRename(from.c_str(), to.c_str()) == 0;
+}
+
+std::wstring detail::WidePath(const std::string& path) {
+    const std::unique_ptr<wchar_t, void (*)(void*)> wide(
+        CPLRecodeToWChar(path.c_str(), CPL_ENC_UTF8, CPL_ENC_UCS2), VSIFree);
+    return wide.get();
 }
 
 std::string TEVIO::getFilePath() try { return state_->path; } catch (...) {

@@ -1,20 +1,13 @@
 #include "TEVSystemLib/util/windows/detail/FileMove.h"
 
-#include <TEVSystemLib/util/string/TEVUtilString.h>
 #include <windows.h>
 
-#include "TEVSystemLib/util/memory/detail/OwnedArray.h"
+#include "TEVSystemLib/util/file/detail/FileContent.h"
 #include "TEVSystemLib/util/windows/detail/Handle.h"
 
 namespace TAMO::TEV::System::Util::detail {
 
 namespace {
-
-OwnedWideText FromUtf8(const std::string& path) {
-    wchar_t* wide = nullptr;
-    TEVUtilString::ConvertFromMultiByteCharToWChar(path.c_str(), path.size(), &wide, nullptr);
-    return OwnedWideText(wide);
-}
 
 struct FileTraits {
     using Type = HANDLE;
@@ -34,10 +27,10 @@ bool ReachesDisk(const wchar_t* path) {
 // Not by ReplaceFileW, which would keep rights and attributes: when that fails half way, the name
 // may be left without a file.
 bool MoveOverOnDisk(const std::string& from, const std::string& to) {
-    const OwnedWideText source = FromUtf8(from);
-    const OwnedWideText target = FromUtf8(to);
-    return source && target && ReachesDisk(source.get()) &&
-           MoveFileExW(source.get(), target.get(),
+    const std::wstring source = WidePath(from);
+    const std::wstring target = WidePath(to);
+    return ReachesDisk(source.c_str()) &&
+           MoveFileExW(source.c_str(), target.c_str(),
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 

@@ -125,7 +125,7 @@ std::string Line(const Diagnostics::MissingFunction& function) {
 void ShowBranches(std::ostream& out, const Module& module, const std::string& indent) {
     std::size_t left = module.missingFunctions.size() + module.imports.size();
     const auto branch = [&](const std::string& line) {
-        out << indent << (--left == 0 ? "`-- " : "|-- ") << line << '\n';
+        out << indent << (--left == 0 ? "`-- " : "|-- ") << ToUtf8(line) << '\n';
     };
     for (const auto& function : module.missingFunctions) branch(Line(function));
     for (const Module& import : module.imports) {
@@ -148,7 +148,7 @@ void ShowFolders(std::ostream& out, const Explanation& explanation) {
 
 void ShowTree(std::ostream& out, const Explanation& explanation) {
     if (explanation.problem != Problem::EmptyName) {
-        out << Line(explanation.module) << '\n';
+        out << ToUtf8(Line(explanation.module)) << '\n';
         ShowBranches(out, explanation.module, "");
         ShowFolders(out, explanation);
         if (!explanation.isLoaded)
@@ -156,7 +156,7 @@ void ShowTree(std::ostream& out, const Explanation& explanation) {
                 << (explanation.message.empty() ? "" : ", ") << explanation.message << '\n';
         out << '\n';
     }
-    out << explanation.cause << '\n';
+    out << ToUtf8(explanation.cause) << '\n';
 }
 
 Json ToJson(const Module& module) {

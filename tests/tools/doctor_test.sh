@@ -133,5 +133,11 @@ code=0
 "$root/scripts/wine.sh" "$tevsys" doctor >"$work/out" 2>&1 || code=$?
 [ "$code" = 2 ] || fail 'without MODULE' "exit code $code, not 2"
 
+# names in import tables may be any bytes
+LC_ALL=C sed 's/tevmiddle[.]dll/tevm\xefddle.dll/g' "$fixtures/tevouter/tevouter.dll" >"$work/bytes.dll"
+"$root/scripts/wine.sh" "$tevsys" doctor "$place\\bytes.dll" >"$work/out" 2>&1 || true
+[ "$(grep -c 'tevmïddle' "$work/out")" -ge 2 ] || fail 'bytes.dll' 'shows no name in UTF-8'
+iconv -f UTF-8 -t UTF-8 "$work/out" >/dev/null 2>&1 || fail 'bytes.dll' 'is not UTF-8'
+
 [ "$failures" = 0 ] || die "$failures expectations of tevsys doctor failed"
 echo 'the doctor names the right culprit'

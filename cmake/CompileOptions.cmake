@@ -25,8 +25,9 @@ elseif(TEV_SANITIZE)
         -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tev_options INTERFACE -fsanitize=${TEV_SANITIZE})
 endif()
-if(TEV_SANITIZE MATCHES "address")
-    # An index beyond a view is an error even where the memory behind it is someone's.
+if(TEV_SANITIZE MATCHES "address|thread")
+    # An index beyond a view is an error even where the memory behind it is someone's; and what is read
+    # behind a terminator, on purpose, would be one.
     target_compile_definitions(tev_options INTERFACE _GLIBCXX_ASSERTIONS TEV_ADDRESS_SANITIZER)
 endif()
 if(TEV_FUZZ)

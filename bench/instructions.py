@@ -2,8 +2,8 @@
 """instructions.py RESULTS PROGRAMS JOB...: counts the instructions of the rows that missed.
 
 A row is run with some turns and with three times as many, in a program that valgrind watches under
-Wine; the difference is that of the turns alone. Writes RESULTS/instructions.json: "job/work/size/way"
-to instructions a turn.
+Wine; the difference is that of the turns alone. RESULTS/instructions.json gets the instructions a turn,
+by job and name of the row.
 """
 
 import json

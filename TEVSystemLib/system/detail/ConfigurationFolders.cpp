@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "TEVSystemLib/util/string/detail/OrNothing.h"
 #include "TEVSystemLib/util/windows/detail/ProcessEnvironment.h"
 #include "TEVSystemLib/util/windows/detail/ProcessModules.h"
 
@@ -24,12 +25,12 @@ Folder FromApplicationData() {
 
 // The candidate's folder when it holds the file; nothing when it does not or cannot be examined.
 template <typename Candidate>
-Folder Holding(const char* fileName, Candidate candidate) noexcept try {
-    Folder folder = candidate();
-    if (!folder || !Util::TEVIO::exists(*folder + fileName)) return std::nullopt;
-    return folder;
-} catch (...) {
-    return std::nullopt;
+Folder Holding(const char* fileName, Candidate candidate) noexcept {
+    return Util::detail::OrNothing([&]() -> Folder {
+        Folder folder = candidate();
+        if (!folder || !Util::TEVIO::exists(*folder + fileName)) return std::nullopt;
+        return folder;
+    });
 }
 
 // The first candidate that holds the file; empty when none does.

@@ -9,6 +9,7 @@
 
 #include "TEVSystemLib/util/file/detail/PathText.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/OrNothing.h"
 #include "TEVSystemLib/util/string/detail/Tokens.h"
 
 namespace TAMO::TEV::System::detail {
@@ -96,14 +97,11 @@ DirectiveEntry Examine(const std::string& key, std::string_view text,
 
 enum ListOperation : int { kAdd = 0, kRemove = 1 };
 
-// An entry that fails, because memory is exhausted, costs no other.
 void Append(std::vector<Directive>& plan, const std::string& key, std::string_view text,
-            const FolderTest& folderExists) noexcept try {
+            const FolderTest& folderExists) {
     if (!KindOf(key)) return;
     DirectiveEntry entry = Examine(key, text, folderExists);
     if (entry.flaw == Flaw::None) plan.push_back(std::move(entry.directive));
-} catch (...) {
-    return;
 }
 
 template <typename Entry, typename Kind>
@@ -128,7 +126,11 @@ std::vector<DirectiveEntry> ExamineDirectives(const std::map<std::string, std::s
 std::vector<Directive> PlanDirectives(const std::map<std::string, std::string>& properties,
                                       const FolderTest& folderExists) {
     std::vector<Directive> plan;
-    for (const auto& [key, text] : properties) Append(plan, key, text, folderExists);
+    // An entry that fails, because memory is exhausted, costs no other.
+    for (const auto& property : properties) {
+        Util::detail::OrNothing(
+            [&] { Append(plan, property.first, property.second, folderExists); });
+    }
     SortForExecution(plan, [](const Directive& directive) { return directive.kind; });
     return plan;
 }

@@ -4,10 +4,10 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <locale>
 #include <sstream>
 #include <type_traits>
 
+#include "TEVSystemLib/util/string/detail/ClassicLocale.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
 #include "TEVSystemLib/util/string/detail/Padding.h"
 
@@ -32,9 +32,6 @@ std::string FormatByStream(T value, Flags flags, std::uint64_t precision = 0) {
     return stream.str();
 }
 
-// Streams then write numbers as to_chars does.
-bool IsClassicLocale() { return std::locale() == std::locale::classic(); }
-
 // Puts a plus sign into the place in front of the text.
 std::string WithSign(bool isPlusShown, char* first, const char* last) {
     if (isPlusShown) *--first = '+';
@@ -44,7 +41,7 @@ std::string WithSign(bool isPlusShown, char* first, const char* last) {
 template <typename T>
 std::string FormatInteger(T value, bool showPlus) {
     const Flags flags = showPlus ? std::ios::showpos : kNoFlags;
-    if (!IsClassicLocale()) return FormatByStream(value, flags);
+    if (!detail::IsClassicLocale()) return FormatByStream(value, flags);
     constexpr std::size_t kMaxCharacters = 20;
     char buffer[1 + kMaxCharacters];
     char* const text = buffer + 1;
@@ -66,7 +63,7 @@ std::string FormatDouble(double value, Flags flags, std::uint64_t precision) {
     // The sign, all digits of the largest number, the point and the decimals.
     constexpr std::size_t kMaxCharacters =
         std::numeric_limits<double>::max_exponent10 + 4 + kMaxFastPrecision;
-    if (precision > kMaxFastPrecision || !std::isfinite(value) || !IsClassicLocale())
+    if (precision > kMaxFastPrecision || !std::isfinite(value) || !detail::IsClassicLocale())
         return FormatDoubleByStream(value, flags, precision);
     const bool isScientific = (flags & std::ios::scientific) != 0;
     char buffer[1 + kMaxCharacters];

@@ -1,15 +1,13 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 
-#include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdio>
-#include <locale>
-#include <optional>
 #include <sstream>
 #include <string_view>
 
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
+#include "TEVSystemLib/util/string/detail/ClassicLocale.h"
 #include "TEVSystemLib/util/string/detail/NumberText.h"
 
 namespace TAMO::TEV::System::Util {
@@ -18,31 +16,16 @@ namespace {
 
 std::string_view Prepared(const char* text) { return detail::TrimIfSpaced(detail::OrEmpty(text)); }
 
-bool Reads(std::string_view text, std::string_view lowerCaseWord) {
-    const auto isSame = [](char a, char b) { return detail::ToLower(a) == b; };
-    return text.size() == lowerCaseWord.size() &&
-           std::equal(text.begin(), text.end(), lowerCaseWord.begin(), isSame);
-}
-
-std::optional<bool> ReadBool(std::string_view word) {
-    if (Reads(word, "true")) return true;
-    if (Reads(word, "false")) return false;
-    return std::nullopt;
-}
-
 // KEEP: values outside 32 bits are the C runtime's affair, and a fraction ends the scan.
 bool ScanInt(std::string_view text, int& value) {
     if (detail::ReadLeadingInteger(text, value)) return true;
     return sscanf_s(std::string(text).c_str(), "%d", &value) == 1;
 }
 
-// Streams then read numbers as digits, whatever stands between them.
-bool IsClassicLocale() { return std::locale() == std::locale::classic(); }
-
 // KEEP: the stream's verdict is not asked; a bare sign and an overflow count as converted.
 template <typename T>
 bool Extract(std::string_view text, T& value) {
-    if (IsClassicLocale() && detail::ReadLeadingInteger(text, value)) return true;
+    if (detail::IsClassicLocale() && detail::ReadLeadingInteger(text, value)) return true;
     std::istringstream stream{std::string(text)};
     // A stream keeps exhausted memory to itself, too, unless asked.
     stream.exceptions(std::ios::badbit);
@@ -80,7 +63,7 @@ bool ParseInt(const char* text, int& value, detail::Sign sign) {
 
 template <typename T>
 bool Parse64(const char* text, T& value, detail::Sign sign) {
-    return (IsClassicLocale() && detail::ReadPlainInteger(text, sign, value)) ||
+    return (detail::IsClassicLocale() && detail::ReadPlainInteger(text, sign, value)) ||
            ParseInteger(text, value, sign, Extract<T>);
 }
 
@@ -99,9 +82,10 @@ bool TEVUtilString::IsValidUnsignedInteger(bool& isZero, const std::string& text
 }
 
 bool TEVUtilString::ToBool(const char* const text, bool& value) {
-    const auto found = ReadBool(Prepared(text));
-    if (!found) return false;
-    value = *found;
+    const std::string_view word = Prepared(text);
+    const bool isTrue = detail::EqualsIgnoringCase(word, "true");
+    if (!isTrue && !detail::EqualsIgnoringCase(word, "false")) return false;
+    value = isTrue;
     return true;
 }
 

@@ -54,9 +54,14 @@ int CompareIgnoringCase(const char* first, const char* second) {
 }
 
 bool EqualsIgnoringCase(std::string_view first, std::string_view second) {
-    return first.size() == second.size() &&
-           wide::Best().mismatchIgnoringCase(first.data(), second.data(), first.size()) ==
-               first.size();
+    // Words take less than the way to the registers.
+    constexpr std::size_t kShort = 8;
+    if (first.size() != second.size()) return false;
+    if (first.size() < kShort)
+        return std::equal(first.begin(), first.end(), second.begin(),
+                          [](char a, char b) { return ToLower(a) == ToLower(b); });
+    return wide::Best().mismatchIgnoringCase(first.data(), second.data(), first.size()) ==
+           first.size();
 }
 
 std::size_t Find(std::string_view text, std::string_view pattern) {

@@ -9,6 +9,8 @@ namespace TAMO::TEV::System::Util::detail {
 // Space, tab, line feed, vertical tab, form feed, carriage return.
 constexpr bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 constexpr char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 constexpr char ToUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 

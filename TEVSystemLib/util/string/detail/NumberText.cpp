@@ -7,11 +7,11 @@
 #include <limits>
 #include <type_traits>
 
+#include "TEVSystemLib/util/string/detail/AsciiText.h"
+
 namespace TAMO::TEV::System::Util::detail {
 
 namespace {
-
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // How often a kind of character occurs, and where first.
 struct Occurrence {

@@ -12,7 +12,6 @@ namespace {
 constexpr auto kNone = std::string_view::npos;
 
 constexpr bool IsSign(char c) { return c == '+' || c == '-'; }
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 // Asked of signs, points and digits only, of which the others come first.
 constexpr bool IsNonZeroDigit(char c) { return c > '0'; }
 

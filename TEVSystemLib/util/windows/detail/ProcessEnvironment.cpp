@@ -9,6 +9,7 @@
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/HandOut.h"
 #include "TEVSystemLib/util/string/detail/LocaleText.h"
+#include "TEVSystemLib/util/string/detail/OrNothing.h"
 #include "TEVSystemLib/util/string/detail/Utf8.h"
 
 namespace TAMO::TEV::System::Util::detail {
@@ -93,10 +94,8 @@ std::optional<std::string> ReadPathVariable(std::string_view name) {
     return WithEndingSeparator(std::string(TrimIfSpaced(*value)), '/');
 }
 
-std::optional<std::string> TryReadVariable(std::string_view name) noexcept try {
-    return ReadVariable(name);
-} catch (...) {
-    return std::nullopt;
+std::optional<std::string> TryReadVariable(std::string_view name) noexcept {
+    return OrNothing([name] { return ReadVariable(name); });
 }
 
 }  // namespace TAMO::TEV::System::Util::detail

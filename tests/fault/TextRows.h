@@ -87,10 +87,9 @@ void Finds(Attempt& attempt, Value expected, Work work) {
     attempt.Succeeded(attempt.Call(work) == expected);
 }
 
-inline bool Other(bool value) { return !value; }
-template <typename Number>
-Number Other(Number value) {
-    return value + 1;
+template <typename Value>
+Value Other(Value value) {
+    return value == Value() ? Value(1) : Value();
 }
 
 // A call that converts a text, and leaves the output alone when it fails.

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <string>
 #include <string_view>
 
 #include "fault/Allocator.h"
@@ -41,16 +42,28 @@ class BalanceListener : public testing::EmptyTestEventListener {
     tev::fault::Loans loansBefore_;
 };
 
-// A trap ends the program, which then leaves no report; this tells what was touched.
+// The module's file and the place in it, as addr2line takes it beside the image's base.
+std::string InstructionAt(const void* address) {
+    HMODULE module = nullptr;
+    char file[MAX_PATH] = "no module";
+    const DWORD how =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    if (GetModuleHandleExA(how, static_cast<LPCSTR>(address), &module))
+        GetModuleFileNameA(module, file, MAX_PATH);
+    const auto offset = static_cast<const char*>(address) - reinterpret_cast<char*>(module);
+    return std::string(file) + " + " + std::to_string(offset);
+}
+
+// A trap ends the program, which then leaves no report; this tells where, and what was touched.
 LONG CALLBACK TellTrap(EXCEPTION_POINTERS* trap) {
     const EXCEPTION_RECORD& record = *trap->ExceptionRecord;
     const auto* address = reinterpret_cast<const void*>(
         record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION ? record.ExceptionInformation[1] : 0);
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    std::fprintf(stderr, "exception %lx %s, in %s.%s\n", record.ExceptionCode,
-                 tev::fault::WhereIs(address).c_str(),
-                 test == nullptr ? "" : test->test_suite_name(),
-                 test == nullptr ? "no test" : test->name());
+    std::fprintf(
+        stderr, "exception %lx at %s, %s, in %s.%s\n", record.ExceptionCode,
+        InstructionAt(record.ExceptionAddress).c_str(), tev::fault::WhereIs(address).c_str(),
+        test == nullptr ? "" : test->test_suite_name(), test == nullptr ? "no test" : test->name());
     return EXCEPTION_EXECUTE_HANDLER;
 }
 

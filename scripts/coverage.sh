@@ -5,7 +5,7 @@ coverage=$root/build/coverage
 
 verb_coverage() {
     no_arguments $#
-    measure_coverage | keep_number coverage Coverage
+    measure_coverage | keep_number coverage './tev coverage'
 }
 
 measure_coverage() {

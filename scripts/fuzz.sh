@@ -3,6 +3,8 @@
 fuzz_build=$root/build/fuzz
 # At least; for a target with longer committed inputs twice the longest.
 fuzz_max_input=128
+# Seconds; a shorter run does not get into the table of numbers.
+fuzz_kept_from=600
 
 verb_fuzz() {
     [ $# -le 1 ] && [[ ${1:-60} =~ ^[1-9][0-9]*$ ]] || die "usage: ./tev fuzz [SECONDS]"
@@ -20,7 +22,11 @@ verb_fuzz() {
     # A target that finds something fails; the report below tells.
     printf '%s\n' "${targets[@]}" | xargs -P "$jobs" -I {} bash -c 'fuzz_one "$@"' fuzz {} "$each" ||
         true
-    fuzz_report "${targets[@]}" | keep_number fuzz Fuzzing
+    if [ "${1:-60}" -lt "$fuzz_kept_from" ]; then
+        fuzz_report "${targets[@]}"
+    else
+        fuzz_report "${targets[@]}" | keep_number fuzz "./tev fuzz $1"
+    fi
 }
 
 # fuzz_length TARGET: the longest input to be made.

@@ -1,8 +1,12 @@
 # Sourced: the table of docs/testing.md, of the results that the verbs left in build/numbers.
 
 numbers=$root/build/numbers
+# The rows of the table: the name of the result, and what it tells.
+number_rows=(test:Tests effort:'Tests, fifty-fold' levels:'Instruction levels' sanitize:Sanitizers
+    coverage:Coverage seeded:'Seeded defects' fuzz:Fuzzing mutate:Mutations)
 
-# keep_number VERB WHAT: passes on what it reads, and keeps its last line as the result of a verb.
+# keep_number NAME COMMAND: passes on what it reads, and keeps its last line as the result of a
+# command.
 keep_number() {
     mkdir -p "$numbers"
     rm -f "$numbers/$1"
@@ -13,9 +17,8 @@ keep_number() {
     done
     # A verb that died has told no result.
     case $last in '' | '== '*) return ;; esac
-    printf '| %s | `./tev %s` | %s | %s, %s |\n' "$2" "${1/levels/test --all}" "$last" \
-        "$(date -u +%F)" "$(git -C "$root" describe --always --dirty 2>/dev/null || echo unknown)" \
-        >"$numbers/$1"
+    printf '`%s` | %s | %s, %s |\n' "$2" "$last" "$(date -u +%F)" \
+        "$(git -C "$root" describe --always --dirty 2>/dev/null || echo unknown)" >"$numbers/$1"
 }
 
 # verb_numbers: writes the table anew; results that are missing keep their old line.
@@ -25,13 +28,14 @@ verb_numbers() {
 }
 
 write_numbers() {
-    local page=$root/docs/testing.md name new
+    local page=$root/docs/testing.md row result new
     new=$(mktemp)
-    for name in test levels sanitize coverage seeded fuzz mutate; do
-        if [ -e "$numbers/$name" ]; then
-            cat "$numbers/$name"
+    for row in "${number_rows[@]}"; do
+        result=$numbers/${row%%:*}
+        if [ -e "$result" ]; then
+            printf '| %s | %s\n' "${row#*:}" "$(cat "$result")"
         else
-            grep -F "| \`./tev ${name/levels/test --all}\` |" "$page" || true
+            grep -F "| ${row#*:} | " "$page" || true
         fi
     done >"$new"
     [ -s "$new" ] || die "no results in $numbers; run ./tev test --all"

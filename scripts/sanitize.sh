@@ -4,7 +4,7 @@
 
 verb_sanitize() {
     no_arguments $#
-    sanitize | keep_number sanitize Sanitizers
+    sanitize | keep_number sanitize './tev sanitize'
 }
 
 sanitize() {

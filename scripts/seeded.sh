@@ -6,7 +6,7 @@ seeds=$root/tests/seeded
 
 verb_seeded() {
     no_arguments $#
-    seed_defects | keep_number seeded 'Seeded defects'
+    seed_defects | keep_number seeded './tev seeded'
 }
 
 seed_defects() {

@@ -11,6 +11,7 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <streambuf>
 
 namespace tevsys {
 
@@ -20,6 +21,31 @@ namespace {
 std::optional<WORD> plainAttributes;
 // Set when the terminal had another code page.
 std::optional<UINT> formerCodePage;
+
+// Shows a control byte as a question mark: a terminal would obey it, and names come from anywhere.
+class TerminalBuffer : public std::streambuf {
+ public:
+    explicit TerminalBuffer(std::ostream& stream)
+        : stream_(stream), terminal_(stream.rdbuf(this)) {}
+    ~TerminalBuffer() override { stream_.rdbuf(terminal_); }
+    TerminalBuffer(const TerminalBuffer&) = delete;
+    TerminalBuffer& operator=(const TerminalBuffer&) = delete;
+
+ private:
+    int_type overflow(int_type c) override {
+        constexpr int_type kFirstShown = ' ';
+        constexpr int_type kDelete = 0x7F;
+        if (traits_type::eq_int_type(c, traits_type::eof())) return traits_type::not_eof(c);
+        const bool isShown = (c >= kFirstShown && c != kDelete) || c == '\n' || c == '\t';
+        return terminal_->sputc(isShown ? traits_type::to_char_type(c) : '?');
+    }
+    int sync() override { return terminal_->pubsync(); }
+
+    std::ostream& stream_;
+    std::streambuf* terminal_;
+};
+std::optional<TerminalBuffer> outBuffer;
+std::optional<TerminalBuffer> errorBuffer;
 
 bool IsTerminal(DWORD stream) {
     DWORD mode = 0;
@@ -131,7 +157,9 @@ Output::Output() {
     // Lines end with LF only, for scripts.
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
-    if (IsTerminal(STD_OUTPUT_HANDLE) || IsTerminal(STD_ERROR_HANDLE)) {
+    if (IsTerminal(STD_OUTPUT_HANDLE)) outBuffer.emplace(std::cout);
+    if (IsTerminal(STD_ERROR_HANDLE)) errorBuffer.emplace(std::cerr);
+    if (outBuffer || errorBuffer) {
         formerCodePage = GetConsoleOutputCP();
         SetConsoleOutputCP(CP_UTF8);
     }
@@ -141,7 +169,11 @@ Output::Output() {
         plainAttributes = terminal.wAttributes;
 }
 
-Output::~Output() { GiveBack(); }
+Output::~Output() {
+    GiveBack();
+    outBuffer.reset();
+    errorBuffer.reset();
+}
 
 void Output::GiveBack() {
     std::cout.flush();

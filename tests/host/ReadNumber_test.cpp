@@ -93,6 +93,54 @@ TEST(ReadLeadingInteger, UpToWhatIsNoDigit) {
     }
 }
 
+TEST(ReadPlainReal, SignAndDigitsWithPerhapsAPointAmongThem) {
+    const struct {
+        const char* text;
+        std::optional<double> number;
+    } rows[] = {
+        {nullptr, {}},
+        {"", {}},
+        {"+", {}},
+        {"-", {}},
+        {".", {}},
+        {"-.", {}},
+        {"0", 0.0},
+        {"-0", -0.0},
+        {"-.0", -0.0},
+        {"9", 9.0},
+        {"+1.5", 1.5},
+        {"-1.5", -1.5},
+        {".5", 0.5},
+        {"5.", 5.0},
+        {"0.1", 0.1},
+        {"1..", {}},
+        {"1.5.", {}},
+        {"+-1", {}},
+        {"-+1", {}},
+        {" 1", {}},
+        {"1 ", {}},
+        {"1/", {}},
+        {"1:", {}},
+        {"1,5", {}},
+        {"1e3", {}},
+        {"inf", {}},
+        {"999999999999999", 999999999999999.0},
+        {"-99999999999999.9", -99999999999999.9},
+        {"0.00000000000001", 1e-14},
+        {".000000000000007", 7e-15},
+        {"1000000000000000", {}},
+        {"0.000000000000001", {}},
+        {"18446744073709551617", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text == nullptr ? "null" : row.text);
+        double value = 77;
+        EXPECT_EQ(ReadPlainReal(row.text, value), row.number.has_value());
+        EXPECT_EQ(value, row.number.value_or(77));
+        EXPECT_EQ(std::signbit(value), std::signbit(row.number.value_or(77)));
+    }
+}
+
 TEST(ReadReal, WholeTextsOfNumbersThatFit) {
     const struct {
         const char* text;

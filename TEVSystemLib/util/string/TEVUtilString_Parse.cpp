@@ -67,6 +67,21 @@ bool Parse64(const char* text, T& value, detail::Sign sign) {
            ParseInteger(text, value, sign, Extract<T>);
 }
 
+// In one pass, without asking for the length.
+bool IsPlainWord(const char* text, const char* lowerCaseWord) {
+    for (; *lowerCaseWord != '\0'; ++lowerCaseWord, ++text)
+        if (detail::ToLower(*text) != *lowerCaseWord) return false;
+    return *text == '\0';
+}
+
+template <typename Is>
+bool ReadBool(Is is, bool& value) {
+    const bool isTrue = is("true");
+    if (!isTrue && !is("false")) return false;
+    value = isTrue;
+    return true;
+}
+
 }  // namespace
 
 bool TEVUtilString::IsValidSignedInteger(bool& isZero, const std::string& text) {
@@ -82,11 +97,12 @@ bool TEVUtilString::IsValidUnsignedInteger(bool& isZero, const std::string& text
 }
 
 bool TEVUtilString::ToBool(const char* const text, bool& value) {
-    const std::string_view word = Prepared(text);
-    const bool isTrue = detail::EqualsIgnoringCase(word, "true");
-    if (!isTrue && !detail::EqualsIgnoringCase(word, "false")) return false;
-    value = isTrue;
-    return true;
+    if (text == nullptr) return false;
+    const auto isPlain = [text](const char* word) { return IsPlainWord(text, word); };
+    const auto isTrimmed = [text](const char* word) {
+        return detail::EqualsIgnoringCase(Prepared(text), word);
+    };
+    return ReadBool(isPlain, value) || ReadBool(isTrimmed, value);
 }
 
 bool TEVUtilString::ToInteger(const char* const text, int& value) try {
@@ -127,9 +143,11 @@ bool TEVUtilString::ToUInt64(const char* const text, std::uint64_t& value) try {
 }
 
 bool TEVUtilString::ToDouble(const char* const text, double& value) try {
+    const bool hasPoint = HasPoint();
+    if (hasPoint && detail::ReadPlainReal(text, value)) return true;
     const std::string_view prepared = Prepared(text);
     // What reads as a number from end to end may be one, too.
-    if (HasPoint() && detail::ReadReal(prepared, value)) return true;
+    if (hasPoint && detail::ReadReal(prepared, value)) return true;
     // KEEP: an overflow is refused with infinity already in the output.
     return detail::MayBeReal(prepared) && ScanReal(prepared, value) && !std::isinf(value);
 } catch (...) {

@@ -49,6 +49,14 @@ Scan ScanNumber(std::string_view text) {
     return scan;
 }
 
+// How many digits stand there; they go behind those of the number, which may overflow.
+template <typename Unsigned>
+std::ptrdiff_t TakeDigits(const char*& at, Unsigned& number) {
+    const char* const begin = at;
+    for (; IsDigit(*at); ++at) number = number * 10 + static_cast<Unsigned>(*at - '0');
+    return at - begin;
+}
+
 // Without the plus sign that a conversion does not know.
 std::string_view WithoutPlus(std::string_view text) {
     if (!text.empty() && text[0] == '+') text.remove_prefix(1);
@@ -89,17 +97,14 @@ bool ReadPlainInteger(const char* text, Sign sign, T& value) {
     if (isNegative && sign == Sign::PlusOnly) return false;
     if (isNegative || *text == '+') ++text;
     std::make_unsigned_t<T> number = 0;
-    const char* at = text;
-    for (; IsDigit(*at); ++at)
-        number = number * 10 + static_cast<std::make_unsigned_t<T>>(*at - '0');
-    const auto digits = at - text;
+    const auto digits = TakeDigits(text, number);
     if (digits == 0 || digits > std::numeric_limits<T>::digits10) return false;
-    if (*at == '.') {
+    if (*text == '.') {
         do {
-            ++at;
-        } while (IsDigit(*at));
+            ++text;
+        } while (IsDigit(*text));
     }
-    if (*at != '\0') return false;
+    if (*text != '\0') return false;
     value = static_cast<T>(isNegative ? 0 - number : number);
     return true;
 }
@@ -117,6 +122,25 @@ bool ReadLeadingInteger(std::string_view text, T& value) {
 template bool ReadLeadingInteger(std::string_view text, int& value);
 template bool ReadLeadingInteger(std::string_view text, std::int64_t& value);
 template bool ReadLeadingInteger(std::string_view text, std::uint64_t& value);
+
+bool ReadPlainReal(const char* text, double& value) {
+    // So many digits, and the powers of ten up to there, are doubles themselves: dividing rounds
+    // once.
+    constexpr int kMaxDigits = std::numeric_limits<double>::digits10;
+    constexpr double kPowers[kMaxDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    if (text == nullptr) return false;
+    const bool isNegative = *text == '-';
+    if (isNegative || *text == '+') ++text;
+    std::uint64_t number = 0;
+    const auto digits = TakeDigits(text, number);
+    if (*text == '.') ++text;
+    const auto decimals = TakeDigits(text, number);
+    if (*text != '\0' || digits + decimals == 0 || digits + decimals > kMaxDigits) return false;
+    const double magnitude = static_cast<double>(number) / kPowers[decimals];
+    value = isNegative ? -magnitude : magnitude;
+    return true;
+}
 
 bool ReadReal(std::string_view text, double& value) {
     const std::string_view number = WithoutPlus(text);

@@ -31,6 +31,10 @@ bool ReadPlainInteger(const char* text, Sign sign, T& value);
 template <typename T>
 bool ReadLeadingInteger(std::string_view text, T& value);
 
+// The number of a plain text, correctly rounded: perhaps a sign, up to 15 digits with perhaps a "."
+// among them, the terminator. False, with nothing stored, for any other, such as null.
+bool ReadPlainReal(const char* text, double& value);
+
 // The number that all of a text is, correctly rounded; the point is ".". False, with nothing
 // stored, for an overflow, an underflow and for what does not look like a number from end to end.
 bool ReadReal(std::string_view text, double& value);

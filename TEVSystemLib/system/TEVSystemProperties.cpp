@@ -1,6 +1,6 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 
-#include "TEVSystemLib/system/detail/KeyText.h"
+#include "TEVSystemLib/system/detail/PropertyIndex.h"
 #include "TEVSystemLib/system/detail/StoreTables.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
@@ -13,9 +13,11 @@ namespace {
 struct Store : TEVSystemProperties {
     detail::PropertyTables Tables() { return {getProperties(), getUserProperties()}; }
 
+    detail::StoreState State() { return {Tables(), index, unsaved}; }
+
+    detail::PropertyIndex index;
     // Keys of the user properties set since they were loaded or saved faithfully.
     std::set<std::string> unsaved;
-    detail::KeyRoom keyRoom;
 };
 
 // Destroyed at process exit or when the DLL is unloaded.
@@ -23,7 +25,9 @@ std::unique_ptr<Store> store;
 
 void Load(Store& loaded) {
     loaded.unsaved.clear();
+    loaded.index.Close();
     detail::LoadTables(loaded.Tables());
+    loaded.index.Open(loaded.Tables());
 }
 
 Store& Created() {
@@ -35,24 +39,32 @@ Store& Created() {
     return *store;
 }
 
+// As detail::Lookup, by the index where it is open.
+const std::string* Find(const detail::StoreState& made, std::string_view key) {
+    if (!made.index.IsOpen()) return detail::Lookup(made.tables, std::string(key));
+    const auto* entry = made.index.Find(key);
+    if (entry == nullptr) {
+        entry = detail::CacheVariable(made.tables.system, key, Util::detail::TryReadVariable);
+        if (entry == nullptr) return nullptr;
+        made.index.Put(*entry);
+    }
+    return &entry->second;
+}
+
 }  // namespace
 
 namespace detail {
 
 const std::string* Lookup(PropertyTables tables, const std::string& key) {
-    return LookUp(tables, key,
-                  [](const std::string& name) { return Util::detail::TryReadVariable(name); });
+    return LookUp(tables, key, Util::detail::TryReadVariable);
 }
 
 std::optional<StoreState> ExistingStore() {
     if (!store) return std::nullopt;
-    return StoreState{store->Tables(), store->unsaved};
+    return store->State();
 }
 
-StoreState MadeStore() {
-    Store& made = Created();
-    return {made.Tables(), made.unsaved};
-}
+StoreState MadeStore() { return Created().State(); }
 
 }  // namespace detail
 
@@ -85,9 +97,7 @@ void TEVSystemProperties::InitializeProperties() try {
 
 bool TEVSystemProperties::GetProperty(const char* key, const char*& value) try {
     value = nullptr;
-    Store& made = Created();
-    const detail::KeyText name(Util::detail::OrEmpty(key), made.keyRoom);
-    const std::string* found = detail::Lookup(made.Tables(), name.Get());
+    const std::string* found = Find(detail::MadeStore(), Util::detail::OrEmpty(key));
     if (found == nullptr) return false;
     value = found->c_str();
     return true;

@@ -25,7 +25,7 @@ bool TEVSystemProperties::SetUserProperty(const char* key, const char* value) tr
     std::set<std::string> mark;
     if (store.unsaved.count(name) == 0) mark.insert(name);
     // The value is made first: an entry without one would be left behind when memory is exhausted.
-    store.tables.user.insert_or_assign(name, std::string(value));
+    store.index.Put(*store.tables.user.insert_or_assign(name, std::string(value)).first);
     store.unsaved.merge(mark);
     return true;
 } catch (...) {

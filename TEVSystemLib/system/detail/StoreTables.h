@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 
+#include "TEVSystemLib/system/detail/PropertyIndex.h"
 #include "TEVSystemLib/system/detail/PropertyTables.h"
 
 // The tables of this process's store.
@@ -21,6 +22,7 @@ void ExecuteDirectives(const Properties& system);
 
 struct StoreState {
     PropertyTables tables;
+    PropertyIndex& index;
     // Keys of the user properties set since they were loaded or saved faithfully.
     std::set<std::string>& unsaved;
 };

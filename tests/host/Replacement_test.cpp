@@ -52,6 +52,14 @@ TEST(Replacement, FromLeftToRightWithoutOverlap) {
         EXPECT_EQ(Replaced(row.input, row.replacement, row.pattern), row.expected) << row.input;
 }
 
+TEST(Replacement, MorePlacesThanAreRemembered) {
+    for (const std::size_t places : {1U, 31U, 32U, 33U, 100U}) {
+        const std::string input(places, 'a');
+        EXPECT_EQ(Replaced(input + "b", "", "a"), "b") << places;
+        EXPECT_EQ(Replaced(input, "bc", "a").size(), 2 * places) << places;
+    }
+}
+
 TEST(Replacement, SameAsCharacterByCharacter) {
     constexpr unsigned kSeed = 40771;
     RecordProperty("seed", kSeed);

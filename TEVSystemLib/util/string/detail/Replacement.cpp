@@ -9,44 +9,40 @@ namespace TAMO::TEV::System::Util::detail {
 
 namespace {
 
-std::size_t Count(std::string_view text, std::string_view pattern) {
-    std::size_t count = 0;
-    for (;; ++count) {
-        const std::size_t found = Find(text, pattern);
-        if (found == std::string_view::npos) return count;
-        text.remove_prefix(found + pattern.size());
-    }
-}
-
-std::size_t SizeReplaced(std::string_view input, std::string_view replacement,
-                         std::string_view pattern) {
-    if (pattern.empty() || pattern.size() == replacement.size()) return input.size();
-    const std::size_t count = Count(input, pattern);
-    return input.size() - count * pattern.size() + count * replacement.size();
-}
+constexpr auto kNone = std::string_view::npos;
 
 }  // namespace
 
 Replacement::Replacement(std::string_view input, std::string_view replacement,
                          std::string_view pattern)
-    : input_(input),
-      replacement_(replacement),
-      pattern_(pattern),
-      size_(SizeReplaced(input, replacement, pattern)) {}
+    : input_(input), replacement_(replacement), pattern_(pattern), size_(input.size()) {
+    if (pattern.empty() || pattern.size() == replacement.size()) return;
+    std::size_t count = 0;
+    for (std::size_t at = FindFrom(0); at != kNone; at = FindFrom(at + pattern.size())) {
+        if (known_ < kMaxKnown) places_[known_++] = at;
+        ++count;
+    }
+    size_ = input.size() - count * pattern.size() + count * replacement.size();
+}
+
+std::size_t Replacement::FindFrom(std::size_t at) const {
+    const std::size_t found = Find(input_.substr(at), pattern_);
+    return found == kNone ? kNone : at + found;
+}
 
 void Replacement::Write(char* to) const {
     if (pattern_.size() == 1 && replacement_.size() == 1)
         return wide::Best().replaceByte(input_.data(), input_.size(), to, pattern_[0],
                                         replacement_[0]);
-    std::string_view rest = input_;
-    while (!pattern_.empty()) {
-        const std::size_t found = Find(rest, pattern_);
-        if (found == std::string_view::npos) break;
-        to = std::copy_n(rest.data(), found, to);
+    std::size_t read = 0;
+    for (std::size_t number = 0; !pattern_.empty(); ++number) {
+        const std::size_t place = number < known_ ? places_[number] : FindFrom(read);
+        if (place == kNone) break;
+        to = std::copy_n(input_.data() + read, place - read, to);
         to = std::copy(replacement_.begin(), replacement_.end(), to);
-        rest.remove_prefix(found + pattern_.size());
+        read = place + pattern_.size();
     }
-    std::copy(rest.begin(), rest.end(), to);
+    std::copy(input_.begin() + read, input_.end(), to);
 }
 
 }  // namespace TAMO::TEV::System::Util::detail

@@ -16,10 +16,18 @@ class Replacement {
     void Write(char* to) const;
 
  private:
+    static constexpr std::size_t kMaxKnown = 32;
+
+    // Where the pattern is next; npos when nowhere.
+    std::size_t FindFrom(std::size_t at) const;
+
     std::string_view input_;
     std::string_view replacement_;
     std::string_view pattern_;
     std::size_t size_;
+    // The first places of the pattern, so that few are looked for twice.
+    std::size_t places_[kMaxKnown];
+    std::size_t known_ = 0;
 };
 
 }  // namespace TAMO::TEV::System::Util::detail

@@ -1,66 +1,29 @@
 #include "TEVSystemLib/util/windows/detail/EnvironmentList.h"
 #include "fuzz/Fuzz.h"
-#include "models/TextModel.h"
+#include "models/ListModel.h"
 
 using namespace TAMO::TEV::System::Util::detail;
 using tev::fuzz::Exact;
 using tev::fuzz::ExpectSame;
+using tev::test::ListModel;
 
 namespace {
 
-using Elements = std::vector<std::string>;
 using Entry = std::optional<std::pair<std::string, std::string>>;
-
-Elements ElementsOf(const std::string& list) {
-    Elements elements;
-    for (const std::string& piece : tev::test::PiecesOf(";", list)) {
-        const std::string element = tev::test::TrimmedIfSpaced(piece);
-        if (!element.empty()) elements.push_back(element);
-    }
-    return elements;
-}
-
-std::string Joined(const Elements& elements) {
-    std::string list;
-    for (const std::string& element : elements) list += ';' + element;
-    return list.empty() ? list : list.substr(1);
-}
-
-std::size_t PlaceOf(const Elements& elements, const std::string& element) {
-    std::size_t place = 0;
-    while (place < elements.size() &&
-           tev::test::Lowered(elements[place]) != tev::test::Lowered(element))
-        ++place;
-    return place;
-}
-
-std::string Without(Elements elements, std::size_t place) {
-    if (place < elements.size()) elements.erase(elements.begin() + static_cast<long>(place));
-    return Joined(elements);
-}
-
-Elements With(Elements elements, const std::string& element, bool atFront) {
-    elements.insert(atFront ? elements.begin() : elements.end(), element);
-    return elements;
-}
 
 void CheckEdits(const std::string& list, const std::string& element) {
     const Exact exactList(list);
     const Exact exactElement(element);
-    const Elements elements = ElementsOf(list);
-    const std::size_t place = PlaceOf(elements, element);
+    const ListModel model(list);
     for (const bool atFront : {false, true}) {
         const auto edge = atFront ? ListPlace::Front : ListPlace::Back;
         const auto added = AddToList(exactList.View(), exactElement.View(), edge);
-        const bool isThere = place < elements.size();
-        ExpectSame(added.has_value(), !isThere, "stored only when it is new");
-        if (!added) continue;
-        ExpectSame(*added, Joined(With(elements, element, atFront)), "added");
-        if (element.find(';') != std::string::npos) continue;
+        ExpectSame(added, model.With(element, atFront), "added, when it is new");
+        if (!added || element.find(';') != std::string::npos) continue;
         ExpectSame(AddToList(*added, element, edge).has_value(), false, "added once only");
-        ExpectSame(RemoveFromList(*added, element), Joined(elements), "taken back");
+        ExpectSame(RemoveFromList(*added, element), model.Text(), "taken back");
     }
-    ExpectSame(RemoveFromList(exactList.View(), exactElement.View()), Without(elements, place),
+    ExpectSame(RemoveFromList(exactList.View(), exactElement.View()), model.Without(element),
                "the first equal one is removed");
 }
 

@@ -3,8 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "models/TextModel.h"
+#include "support/Effort.h"
+#include "support/Random.h"
 
 namespace {
 
@@ -95,6 +100,21 @@ TEST(EqualsIgnoringCase, AgreesWithCompareIgnoringCase) {
     for (const auto& row : kComparisons)
         EXPECT_EQ(detail::EqualsIgnoringCase(row.first, row.second), row.orderIgnoringCase == 0)
             << row.first << ' ' << row.second;
+}
+
+// Nearly the same texts, on both sides of the length from which registers compare them.
+TEST(EqualsIgnoringCase, RandomTextsAgreeWithModel) {
+    tev::test::Random random(70417);
+    for (std::int64_t i = 0; i < tev::test::Repetitions(1'000'000); ++i) {
+        const std::string first = random.Text("aAzZ@[`{\xC1\xE1", random.Below(20));
+        std::string second = random.Coin() ? detail::ToUpper(first) : tev::test::Lowered(first);
+        if (!second.empty() && random.Coin())
+            second[random.Below(second.size())] ^= static_cast<char>(1 << random.Below(8));
+        if (random.OneIn(8)) second += 'a';
+        ASSERT_EQ(detail::EqualsIgnoringCase(first, second),
+                  tev::test::Lowered(first) == tev::test::Lowered(second))
+            << testing::PrintToString(first) << ' ' << testing::PrintToString(second);
+    }
 }
 
 // Where the trimmed text stands in `text` says as much as what it holds.

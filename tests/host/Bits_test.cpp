@@ -5,14 +5,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iostream>
 #include <limits>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "models/BitModel.h"
+#include "support/Effort.h"
+#include "support/Random.h"
 
 namespace {
 
@@ -24,19 +24,14 @@ using TAMO::TEV::System::Util::detail::SignedFromBits;
 using TAMO::TEV::System::Util::detail::SwapBytes;
 using TAMO::TEV::System::Util::detail::UnsignedFromBytes;
 using tev::test::BinaryText;
+using tev::test::Random;
+using tev::test::Repetitions;
 using tev::test::Signed;
 using tev::test::Unsigned;
 
-constexpr unsigned kSeed = 20240611;
-constexpr int kBuffers = 100;
+constexpr std::int64_t kInputs = 1'000'000;
 constexpr std::size_t kMaxBytes = 8;
 constexpr std::size_t kBitsPerByte = 8;
-
-std::string RandomBytes(std::mt19937& engine, std::size_t size) {
-    std::string bytes(size, '\0');
-    for (char& byte : bytes) byte = static_cast<char>(engine() & 0xFF);
-    return bytes;
-}
 
 TEST(UnsignedFromBytes, FirstByteIsTheMostSignificant) {
     EXPECT_EQ(UnsignedFromBytes(""), 0U);
@@ -47,15 +42,18 @@ TEST(UnsignedFromBytes, FirstByteIsTheMostSignificant) {
               std::numeric_limits<std::uint64_t>::max());
 }
 
+// Every second buffer has a size that is read in one load.
+std::string RandomBytes(Random& random) {
+    const std::size_t size = random.Coin() ? 4 + 4 * random.Below(2) : 1 + random.Below(kMaxBytes);
+    return random.Bytes(size);
+}
+
 TEST(UnsignedFromBytes, RandomBytes) {
-    std::cout << "seed " << kSeed << "\n";
-    std::mt19937 engine(kSeed);
-    for (std::size_t size = 1; size <= kMaxBytes; ++size) {
-        for (int i = 0; i < kBuffers; ++i) {
-            const std::string bytes = RandomBytes(engine, size);
-            ASSERT_TRUE(UnsignedFromBytes(bytes) == Unsigned(BinaryText(bytes)))
-                << "seed " << kSeed << ", " << testing::PrintToString(bytes);
-        }
+    Random random(20240611);
+    for (std::int64_t i = 0; i < Repetitions(kInputs); ++i) {
+        const std::string bytes = RandomBytes(random);
+        ASSERT_TRUE(UnsignedFromBytes(bytes) == Unsigned(BinaryText(bytes)))
+            << testing::PrintToString(bytes);
     }
 }
 
@@ -74,22 +72,18 @@ TEST(SignedFromBits, Limits) {
               std::numeric_limits<std::int64_t>::max());
 }
 
-TEST(SignedFromBits, RandomBytesOfEveryWidthAndAlignment) {
-    std::cout << "seed " << kSeed << "\n";
-    std::mt19937 engine(kSeed);
-    for (std::size_t size = 1; size <= kMaxBytes; ++size) {
-        for (std::size_t count = 1; count <= kBitsPerByte * size; ++count) {
-            for (int i = 0; i < kBuffers; ++i) {
-                const std::string bytes = RandomBytes(engine, size);
-                const std::string bits = BinaryText(bytes);
-                ASSERT_TRUE(SignedFromBits(bytes, count, BitAlignment::Left) ==
-                            Signed(bits.substr(0, count)))
-                    << "seed " << kSeed << ", the first " << count << " of " << bits;
-                ASSERT_TRUE(SignedFromBits(bytes, count, BitAlignment::Right) ==
-                            Signed(bits.substr(bits.size() - count)))
-                    << "seed " << kSeed << ", the last " << count << " of " << bits;
-            }
-        }
+TEST(SignedFromBits, RandomBytesOfRandomWidth) {
+    Random random(20240611);
+    for (std::int64_t i = 0; i < Repetitions(kInputs); ++i) {
+        const std::string bytes = RandomBytes(random);
+        const std::string bits = BinaryText(bytes);
+        const std::size_t count = 1 + random.Below(bits.size());
+        ASSERT_TRUE(SignedFromBits(bytes, count, BitAlignment::Left) ==
+                    Signed(bits.substr(0, count)))
+            << "the first " << count << " of " << bits;
+        ASSERT_TRUE(SignedFromBits(bytes, count, BitAlignment::Right) ==
+                    Signed(bits.substr(bits.size() - count)))
+            << "the last " << count << " of " << bits;
     }
 }
 

@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "models/ListModel.h"
+#include "support/Effort.h"
+#include "support/Random.h"
 
 namespace {
 
@@ -63,6 +68,23 @@ TEST(RemoveFromList, FirstMatchOnly) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(RemoveFromList(row.list, row.element), row.result) << row.list;
+}
+
+// Of few characters, so that an element is often there.
+TEST(EnvironmentList, RandomEditsAgreeWithModel) {
+    tev::test::Random random(81205);
+    for (std::int64_t i = 0; i < tev::test::Repetitions(1'000'000); ++i) {
+        const std::string list = random.Text("aAb;;; \t", random.Below(13));
+        // Elements come in trimmed, and none is empty.
+        const std::string element = random.Text("aAbb", 1 + random.Below(2));
+        const tev::test::ListModel model(list);
+        const bool atFront = random.Coin();
+        ASSERT_EQ(AddToList(list, element, atFront ? ListPlace::Front : ListPlace::Back),
+                  model.With(element, atFront))
+            << testing::PrintToString(list) << ' ' << element << (atFront ? " front" : " back");
+        ASSERT_EQ(RemoveFromList(list, element), model.Without(element))
+            << testing::PrintToString(list) << ' ' << element;
+    }
 }
 
 TEST(SplitEnvironmentEntry, AtTheFirstEqual) {

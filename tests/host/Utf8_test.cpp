@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "models/Utf8Model.h"
 #include "support/Effort.h"
 
 namespace {
@@ -16,6 +17,12 @@ using TAMO::TEV::System::Util::detail::NarrowUtf16;
 using TAMO::TEV::System::Util::detail::Utf16Size;
 using TAMO::TEV::System::Util::detail::Utf8Size;
 using TAMO::TEV::System::Util::detail::WidenUtf8;
+using tev::test::BytesOf;
+using tev::test::IsSurrogate;
+using tev::test::kCharactersEnd;
+using tev::test::ShortestSize;
+using tev::test::Spread;
+using tev::test::UnitsOf;
 
 using Units = std::u16string;
 
@@ -35,31 +42,9 @@ std::optional<std::string> Narrowed(std::u16string_view units) {
     return text;
 }
 
-// The bits of a character, six to a byte from the end; `size` may be more than it needs.
-std::string Spread(std::uint32_t character, std::size_t size) {
-    if (size == 1) return {static_cast<char>(character)};
-    std::string bytes(size, '\0');
-    for (std::size_t i = size; i-- > 1; character >>= 6)
-        bytes[i] = static_cast<char>(0x80 | (character & 0x3F));
-    bytes[0] = static_cast<char>((0xF00 >> size & 0xFF) | character);
-    return bytes;
-}
-
-std::size_t ShortestSize(std::uint32_t character) {
-    return character < 0x80 ? 1 : character < 0x800 ? 2 : character < 0x10000 ? 3 : 4;
-}
-
-bool IsSurrogate(std::uint32_t character) { return character >= 0xD800 && character < 0xE000; }
-
-Units UnitsOf(std::uint32_t character) {
-    if (character < 0x10000) return {static_cast<char16_t>(character)};
-    return {static_cast<char16_t>(0xD7C0 + (character >> 10)),
-            static_cast<char16_t>(0xDC00 + character % 0x400)};
-}
-
 TEST(Utf8, EveryCharacterBothWays) {
-    for (std::uint32_t character = 0; character < 0x110000; ++character) {
-        const std::string bytes = Spread(character, ShortestSize(character));
+    for (std::uint32_t character = 0; character < kCharactersEnd; ++character) {
+        const std::string bytes = BytesOf(character);
         if (IsSurrogate(character)) {
             ASSERT_EQ(Widened(bytes), std::nullopt) << character;
             ASSERT_EQ(Narrowed(UnitsOf(character)), std::nullopt) << character;
@@ -109,9 +94,9 @@ TEST(Utf8, MixedTextsComeBack) {
             text += ascii;
             units.append(ascii.begin(), ascii.end());
             const auto character =
-                static_cast<std::uint32_t>((engine() % 0x110000) >> engine() % 21);
+                static_cast<std::uint32_t>((engine() % kCharactersEnd) >> engine() % 21);
             if (IsSurrogate(character)) continue;
-            text += Spread(character, ShortestSize(character));
+            text += BytesOf(character);
             units += UnitsOf(character);
         }
         ASSERT_EQ(Widened(text), units);

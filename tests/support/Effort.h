@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <string_view>
+#include <string>
 
 namespace tev::test {
 
@@ -11,8 +11,11 @@ namespace tev::test {
 // which look for other things.
 inline std::int64_t Repetitions(std::int64_t quick) {
     constexpr std::int64_t kFactor = 50;
-    const char* set = std::getenv("TEV_TEST_EFFORT");
-    const std::string_view effort = set == nullptr ? "" : set;
+    // Asked once: loops call this for every repetition.
+    static const std::string effort = [] {
+        const char* set = std::getenv("TEV_TEST_EFFORT");
+        return std::string(set == nullptr ? "" : set);
+    }();
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     quick /= 20;
 #endif

@@ -131,14 +131,6 @@ Verdict<double> RealModel(const std::string& text) {
     return {Answer::Accepted, static_cast<double>(*value)};
 }
 
-Verdict<bool> WordModel(const std::string& text) {
-    std::string word = TrimmedIfSpaced(text);
-    for (char& c : word)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    if (word != "true" && word != "false") return {};
-    return {Answer::Accepted, word == "true"};
-}
-
 template <typename Number>
 bool Same(Number left, Number right) {
     return left == right;
@@ -168,11 +160,11 @@ struct Tally {
 };
 
 template <typename Number, typename Parse, typename Model>
-void Compare(Parse parse, Model model, std::string (RandomTexts::*next)() = &RandomTexts::Number) {
+void Compare(Parse parse, Model model) {
     RandomTexts texts(kSeed);
     Tally tally;
     for (int i = 0; i < kTexts; ++i) {
-        const std::string text = (texts.*next)();
+        const std::string text = texts.Number();
         const Verdict<Number> expected = model(text);
         auto value = static_cast<Number>(kUntouched);
         const Number before = value;
@@ -191,10 +183,6 @@ void Compare(Parse parse, Model model, std::string (RandomTexts::*next)() = &Ran
             << ", not " << testing::PrintToString(*expected.value);
     }
     tally.Print();
-}
-
-TEST(ToBool, RandomTextsAgreeWithModel) {
-    Compare<bool>(&TEVUtilString::ToBool, WordModel, &RandomTexts::Word);
 }
 
 TEST(ToInteger, RandomTextsAgreeWithModel) {

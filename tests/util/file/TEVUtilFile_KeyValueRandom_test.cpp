@@ -29,8 +29,9 @@ class RandomLines {
 
     // In ascending, descending or no order; the fewer keys there are to choose from, the more of
     // them are the same.
-    Lines Next() {
-        const std::size_t size = Below(8) == 0 ? Below(1000) : Below(9);
+    Lines Next() { return Next(Below(8) == 0 ? Below(1000) : Below(9)); }
+
+    Lines Next(std::size_t size) {
         const std::size_t keys = 1 + Below(4 * size + 1);
         Lines lines;
         while (lines.size() < size) lines.emplace_back(Key(keys), Value());
@@ -68,7 +69,7 @@ TEST(GetKeyValuePairsFromFile, RandomPairsAsPutOneByOne) {
     const std::string path = "/vsimem/tev-random-pairs";
     RandomLines random;
     for (std::int64_t done = 0; done < tev::test::Repetitions(kPairs) && !HasFailure();) {
-        const Pairs before = OneByOne({}, random.Next());
+        const Pairs before = OneByOne({}, random.Next(random.Below(50)));
         const Lines lines = random.Next();
         const bool blankSeparated = random.Below(2) == 0;
         Write(path, lines, blankSeparated ? ' ' : '=');

@@ -16,9 +16,9 @@ class RandomNumbers {
     // Any length of digits is as likely as another.
     std::uint64_t Integer() { return engine_() >> Below(64); }
 
-    // All bit patterns, or a number as people write it.
+    // A number as people write it, or any bit pattern.
     double Double() {
-        if (Coin()) return Ordinary();
+        if (Below(4) != 0) return Ordinary();
         const std::uint64_t bits = engine_();
         double number;
         std::memcpy(&number, &bits, sizeof number);

@@ -11,6 +11,7 @@
 
 #include "Files.h"
 #include "Rows.h"
+#include "models/ArrayModel.h"
 #include "support/Com.h"
 
 namespace tev::bench {
@@ -69,37 +70,22 @@ SAFEARRAY* BareDoubles(const Doubles& doubles) {
 
 SAFEARRAY* DoublesOneByOne(const Doubles& doubles) {
     SAFEARRAY* array = SafeArrayCreateVector(VT_R8, 0, static_cast<ULONG>(doubles.size()));
-    for (LONG i = 0; i < static_cast<LONG>(doubles.size()); ++i) {
-        double number = doubles[static_cast<std::size_t>(i)];
-        SafeArrayPutElement(array, &i, &number);
-    }
+    test::PutNumbers(array, doubles);
     return array;
-}
-
-// A BSTR of a text, converted on the stack, as the texts are short.
-BSTR BareBstr(const std::string& text) {
-    wchar_t wide[64];
-    const int size =
-        MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), wide, 64);
-    return SysAllocStringLen(wide, static_cast<UINT>(size));
 }
 
 SAFEARRAY* BareStrings(const Strings& strings) {
     SAFEARRAY* array = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(strings.size()));
     BSTR* data = nullptr;
     SafeArrayAccessData(array, reinterpret_cast<void**>(&data));
-    for (const std::string& text : strings) *data++ = BareBstr(text);
+    for (const std::string& text : strings) *data++ = test::AnsiBstr(text);
     SafeArrayUnaccessData(array);
     return array;
 }
 
 SAFEARRAY* StringsOneByOne(const Strings& strings) {
     SAFEARRAY* array = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(strings.size()));
-    for (LONG i = 0; i < static_cast<LONG>(strings.size()); ++i) {
-        const BSTR text = BareBstr(strings[static_cast<std::size_t>(i)]);
-        SafeArrayPutElement(array, &i, text);
-        SysFreeString(text);
-    }
+    test::PutTexts(array, strings);
     return array;
 }
 
@@ -166,11 +152,7 @@ void AddDoublesOut(std::size_t count) {
         })
         .Peer("SafeArrayGetElement",
               [](const Input& input, auto keep) {
-                  Doubles doubles(input->data.size());
-                  for (LONG i = 0; i < static_cast<LONG>(doubles.size()); ++i)
-                      SafeArrayGetElement(input->variant.Array(), &i,
-                                          &doubles[static_cast<std::size_t>(i)]);
-                  keep(doubles);
+                  keep(test::NumbersIn<double>(input->variant.Array(), input->data.size()));
               })
         .CheckedLimit("new[] + copy", [](const Input& input, auto keep) {
             const std::size_t size = input->data.size();
@@ -288,8 +270,8 @@ SAFEARRAY* BareTable(const Pairs& pairs) {
     SafeArrayAccessData(array, reinterpret_cast<void**>(&data));
     // The first index runs fastest: all keys, then all values.
     for (const auto& [key, value] : pairs) {
-        *data = BareBstr(key);
-        data[rows] = BareBstr(value);
+        *data = test::AnsiBstr(key);
+        data[rows] = test::AnsiBstr(value);
         ++data;
     }
     SafeArrayUnaccessData(array);
@@ -299,16 +281,7 @@ SAFEARRAY* BareTable(const Pairs& pairs) {
 SAFEARRAY* TableOneByOne(const Pairs& pairs) {
     SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(pairs.size()), 0}, {2, 0}};
     SAFEARRAY* array = SafeArrayCreate(VT_BSTR, 2, bounds);
-    LONG index[] = {0, 0};
-    for (const auto& [key, value] : pairs) {
-        for (const std::string* text : {&key, &value}) {
-            index[1] = text == &key ? 0 : 1;
-            const BSTR element = BareBstr(*text);
-            SafeArrayPutElement(array, index, element);
-            SysFreeString(element);
-        }
-        ++index[0];
-    }
+    test::PutRows(array, pairs);
     return array;
 }
 

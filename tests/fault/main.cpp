@@ -9,6 +9,7 @@
 #include "fault/FirstUses.h"
 #include "fault/GuardedMemory.h"
 #include "fault/Ledger.h"
+#include "support/Effort.h"
 
 namespace {
 
@@ -73,6 +74,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     SetUnhandledExceptionFilter(TellTrap);
     tev::fault::StartGuarding();
+    tev::test::effortDivisor = 50;
     testing::AddGlobalTestEnvironment(new tev::fault::FirstUses);
     testing::UnitTest::GetInstance()->listeners().Append(new BalanceListener);
     return RUN_ALL_TESTS();

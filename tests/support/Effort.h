@@ -6,6 +6,10 @@
 
 namespace tev::test {
 
+// Only such a part of every repetition is run. A program whose allocations are slow sets it before
+// its tests.
+inline std::int64_t effortDivisor = 1;
+
 // How often a random comparison is repeated: `quick` times; fifty times that when the variable
 // TEV_TEST_EFFORT is "all", and a fiftieth when it is "little"; a twentieth under the sanitizers,
 // which look for other things.
@@ -16,6 +20,7 @@ inline std::int64_t Repetitions(std::int64_t quick) {
         const char* set = std::getenv("TEV_TEST_EFFORT");
         return std::string(set == nullptr ? "" : set);
     }();
+    quick /= effortDivisor;
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     quick /= 20;
 #endif

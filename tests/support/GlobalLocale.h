@@ -2,6 +2,7 @@
 
 #include <locale>
 #include <string>
+#include <utility>
 
 namespace tev::test {
 
@@ -23,16 +24,17 @@ class GlobalLocale {
 // Numbers with another decimal point or with their digits in groups.
 class Punctuation : public std::numpunct<char> {
  public:
-    explicit Punctuation(char point, std::string grouping = "")
-        : point_(point), grouping_(std::move(grouping)) {}
+    explicit Punctuation(char point, std::string grouping = "", char separator = '\'')
+        : point_(point), grouping_(std::move(grouping)), separator_(separator) {}
 
  private:
     char do_decimal_point() const override { return point_; }
-    char do_thousands_sep() const override { return '\''; }
+    char do_thousands_sep() const override { return separator_; }
     std::string do_grouping() const override { return grouping_; }
 
     char point_;
     std::string grouping_;
+    char separator_;
 };
 
 }  // namespace tev::test

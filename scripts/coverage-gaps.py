@@ -32,13 +32,14 @@ def gaps_and_totals(root, traces):
                     continue
                 runs[place] = runs.get(place, 0) + line["count"]
                 missing = sum(branch["count"] == 0 for branch in line["branches"])
-                # Two compilers number branches differently: the better one tells.
-                best = branches.get(place, (missing, 0))
-                branches[place] = min(best, (missing, -len(line["branches"])))
+                # Two compilers number branches differently: the one that knows the most tells, and
+                # of two that know as many the better one.
+                told = (-len(line["branches"]), missing)
+                branches[place] = min(branches.get(place, told), told)
     gaps = Counter()
     sources = {}
     for (file, number), count in sorted(runs.items()):
-        missing = branches[file, number][0]
+        missing = branches[file, number][1]
         if count > 0 and missing == 0:
             continue
         if file not in sources:
@@ -48,8 +49,8 @@ def gaps_and_totals(root, traces):
         kind = "line" if count == 0 else "branch"
         gaps[file, function, kind, text] += 1 if count == 0 else missing
     run_lines = sum(count > 0 for count in runs.values())
-    all_branches = sum(-value[1] for value in branches.values())
-    run_branches = all_branches - sum(value[0] for value in branches.values())
+    all_branches = -sum(value[0] for value in branches.values())
+    run_branches = all_branches - sum(value[1] for value in branches.values())
     return gaps, (run_lines, len(runs), run_branches, all_branches)
 
 

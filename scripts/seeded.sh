@@ -1,5 +1,6 @@
 # Sourced: the verb seeded. Each patch below tests/seeded plants one defect in a copy of the sources.
-# Its second line, "Test: PROGRAM [FILTER]", names the test that passes without and fails with it.
+# Its second line, "Test: PROGRAM [FILTER]", names the test that passes without and fails with it;
+# its third, "Words: ...", is what the test says then. Any other failure does not count.
 
 seeded=$root/build/seeded
 seeds=$root/tests/seeded
@@ -23,12 +24,12 @@ seed_defects() {
         patch -s -d "$seeded" -p1 --fuzz=0 <"$patch" >&2 ||
             die "$(basename "$patch") does not fit the sources; write it anew"
         build_seeded "$(program_of "$patch")"
-        if run_seeded "$patch"; then
-            say "NOT NOTICED: $(head -n 1 "$patch")"
-            missed=$((missed + 1))
-        else
+        if is_caught "$patch"; then
             say "caught: $(head -n 1 "$patch")"
             caught=$((caught + 1))
+        else
+            say "NOT NOTICED: $(head -n 1 "$patch")"
+            missed=$((missed + 1))
         fi
         copy_sources
     done
@@ -37,6 +38,18 @@ seed_defects() {
 }
 
 program_of() { sed -n '2s/^Test: \([^ ]*\).*/\1/p' "$1"; }
+
+# is_caught PATCH: does its test fail, and with its words? A program that does not start, or hangs,
+# does not say them.
+is_caught() {
+    local words
+    words=$(sed -n '3s/^Words: //p' "$1")
+    [ -n "$words" ] || die "$(basename "$1") needs a third line, \"Words: ...\""
+    ! run_seeded "$1" || return 1
+    grep -qF -- "$words" "$seeded/build/run.log" && return
+    tail -n 5 "$seeded/build/run.log" >&2
+    return 1
+}
 
 # The work tree as it stands; what is the same keeps its time, so that little is built.
 copy_sources() {
@@ -63,7 +76,7 @@ run_seeded() {
     program=$(program_of "$1")
     filter=$(sed -n '2s/^Test: [^ ]* *//p' "$1")
     case $program in
-        fuzz_*) "$seeded/build/host/bin/$program" --mutants 10000 \
+        fuzz_*) timeout 300 "$seeded/build/host/bin/$program" --mutants 10000 \
             "$seeds/../fuzz/corpus/${program#fuzz_}" ;;
         *) GTEST_FILTER=$filter timeout 300 "$root/scripts/gtest.sh" \
             "$seeded/build/mingw-release/bin/$program.exe" "$seeded/build/report.xml" ;;

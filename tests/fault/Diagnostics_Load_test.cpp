@@ -139,15 +139,16 @@ TEST_F(LoadExplanationFaults, PathThatIsTooLongForTheSystemHasNoFolders) {
 
 TEST_F(LoadExplanationFaults, ExhaustedMemoryAtTheStartIsAFailure) {
     constexpr std::ptrdiff_t kStart = 16;
+    const char* folders[] = {folder_.Path().c_str()};
     for (const char* name : {"tevshort", "a-name-that-is-longer-than-a-short-one"}) {
-        for (std::ptrdiff_t n = 0; n < kStart; ++n) {
-            const char* folders[] = {folder_.Path().c_str()};
+        for (std::ptrdiff_t i = 0; i < 2 * kStart; ++i) {
+            const Fault fault{i / 2, i % 2 == 0 ? Mode::Once : Mode::FromThenOn};
             Explanation explanation;
-            Attempt attempt(Fault{n, Mode::Once});
+            Attempt attempt(fault);
             const bool explained = attempt.Call([&] {
                 return TEVSystemDiagnostics::ExplainLoadFailure(name, folders, 1, explanation);
             });
-            EXPECT_FALSE(attempt.Succeeded(explained)) << n;
+            EXPECT_FALSE(attempt.Succeeded(explained)) << fault.n;
             EXPECT_EQ(explanation.cause, "");
         }
     }
@@ -165,6 +166,20 @@ Module Lacking(const char* function, const char* forwarder) {
     Module module = Named("a-module-that-is-needed.dll", "C:\\a-module-that-is-needed.dll");
     module.missingFunctions.push_back({function, forwarder});
     return module;
+}
+
+// Whether the fault was met; then it was thrown.
+bool IsThrown(const ModuleFault& found, const std::string& name, const Fault& fault) {
+    Explanation explanation;
+    explanation.name = name;
+    bool isConcluded = false;
+    Attempt attempt(fault);
+    attempt.Call([&] {
+        ConcludeLoad(found, explanation);
+        isConcluded = true;
+    });
+    EXPECT_EQ(attempt.Succeeded(isConcluded), !attempt.Threw<std::bad_alloc>());
+    return attempt.IsFaulted();
 }
 
 TEST(ConcludeLoad, ExhaustedMemoryAtAnyStepIsThrown) {
@@ -189,20 +204,9 @@ TEST(ConcludeLoad, ExhaustedMemoryAtAnyStepIsThrown) {
         {Problem::StartRefused, &root, nullptr},
         {Problem::Unexplained, &root, nullptr},
     };
-    for (const ModuleFault& fault : faults) {
-        for (std::ptrdiff_t n = 0;; ++n) {
-            Explanation explanation;
-            explanation.name = root.name;
-            bool isConcluded = false;
-            Attempt attempt(Fault{n, Mode::Once});
-            attempt.Call([&] {
-                ConcludeLoad(fault, explanation);
-                isConcluded = true;
-            });
-            EXPECT_EQ(attempt.Succeeded(isConcluded), !attempt.Threw<std::bad_alloc>());
-            if (!attempt.IsFaulted()) break;
-        }
-    }
+    for (const ModuleFault& fault : faults)
+        for (const Mode mode : {Mode::Once, Mode::FromThenOn})
+            for (std::ptrdiff_t n = 0; IsThrown(fault, root.name, {n, mode}); ++n) continue;
 }
 
 TEST(ReadModuleFile, GivesTheWholeFileOrNothing) {

@@ -128,18 +128,27 @@ class FaithfulSaveOnDisk : public StoreFixture {
         Store::SetUserProperty("a", "new");
     }
 
-    // The old file is kept while a call is refused, and is replaced when it is not.
-    template <typename Call, typename Result>
-    void ExpectKeptWhileRefused(Call& call, Result refusal) {
-        {
-            const auto refused = Fail(call, refusal, ERROR_ACCESS_DENIED);
-            EXPECT_FALSE(Save());
-            EXPECT_EQ(ReadAll(user_ / kUserFile), "a = old\n");
-            const std::filesystem::directory_iterator files(user_.Path());
-            EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing is left beside it";
-        }
+    std::ptrdiff_t Files() const {
+        const std::filesystem::directory_iterator files(user_.Path());
+        return std::distance(begin(files), end(files));
+    }
+
+    void ExpectSaved() const {
         EXPECT_TRUE(Save());
         EXPECT_EQ(ReadAll(user_ / kUserFile), "a = new\n");
+        EXPECT_EQ(Files(), 1);
+    }
+
+    // The old file is kept while the n-th call is refused, or each, and is replaced when none is.
+    template <typename Call, typename Result>
+    void ExpectKeptWhileRefused(Call& call, Result refusal, int n = -1) {
+        {
+            const auto refused = FailNth(n, call, refusal, ERROR_ACCESS_DENIED);
+            EXPECT_FALSE(Save());
+            EXPECT_EQ(ReadAll(user_ / kUserFile), "a = old\n");
+            EXPECT_EQ(Files(), 1) << "nothing is left beside it";
+        }
+        ExpectSaved();
     }
 };
 
@@ -166,6 +175,25 @@ TEST_F(FaithfulSaveOnDisk, ContentThatDoesNotReachTheDiskKeepsTheOldFile) {
 
 TEST_F(FaithfulSaveOnDisk, AFileThatCannotBeOpenedToReachTheDiskKeepsTheOldFile) {
     ExpectKeptWhileRefused(calls::CreateFileW, INVALID_HANDLE_VALUE);
+}
+
+TEST_F(FaithfulSaveOnDisk, APathThatCannotBeConvertedKeepsTheOldFile) {
+    ExpectKeptWhileRefused(calls::CPLRecodeToWChar, nullptr, 0);
+}
+
+TEST_F(FaithfulSaveOnDisk, ATargetThatCannotBeConvertedKeepsTheOldFile) {
+    ExpectKeptWhileRefused(calls::CPLRecodeToWChar, nullptr, 1);
+}
+
+TEST_F(FaithfulSaveOnDisk, ANewFileThatCannotBeRemovedIsTakenAtTheNextSave) {
+    {
+        const auto refused = Fail(calls::FlushFileBuffers, FALSE, ERROR_ACCESS_DENIED);
+        const auto stays = Fail(calls::VSIUnlink, -1);
+        EXPECT_FALSE(Save());
+        EXPECT_EQ(ReadAll(user_ / kUserFile), "a = old\n");
+        EXPECT_EQ(Files(), 2);
+    }
+    ExpectSaved();
 }
 
 }  // namespace

@@ -51,10 +51,10 @@ class Growing {
 
  private:
     DWORD Read(wchar_t* out, DWORD size) {
+        // The room is there, to its end.
+        std::wmemset(out, L'x', size);
         if (size < kMostChars) return needed_;
         EXPECT_EQ(size, kMostChars);
-        // The room is there.
-        std::wmemset(out, L'x', size);
         if (attempts_-- > 0) return needed_;
         std::wmemcpy(out, L"value", 6);
         return 5;
@@ -112,13 +112,28 @@ TEST(EnvironmentReads, OrdinaryValueIsReadAtOnce) {
 TEST(EnvironmentReads, LongestValueIsReadAtTheSecondCall) {
     const Replace longest(calls::GetEnvironmentVariableW,
                           [](const wchar_t*, wchar_t* out, DWORD size) {
-                              if (size < kMostChars) return kMostChars;
                               std::wmemset(out, L'x', size);
-                              return size - 1;
+                              return size < kMostChars ? kMostChars : size - 1;
                           });
     const Calls reads(calls::GetEnvironmentVariableW);
     EXPECT_EQ(Value(), std::string(kMostChars - 1, 'x'));
     EXPECT_EQ(reads.Made(), 2);
+}
+
+TEST(EnvironmentReads, ValueMayFillAllTheRoomThatIsOffered) {
+    DWORD offered = 0;
+    const Replace fills(calls::GetEnvironmentVariableW,
+                        [&](const wchar_t*, wchar_t* out, DWORD size) {
+                            offered = size;
+                            std::wmemset(out, L'x', size - 1);
+                            out[size - 1] = L'\0';
+                            return size - 1;
+                        });
+    const Calls reads(calls::GetEnvironmentVariableW);
+    const std::string value = Value();
+    EXPECT_EQ(value, std::string(offered - 1, 'x'));
+    EXPECT_GT(offered, 1000U);
+    EXPECT_EQ(reads.Made(), 1);
 }
 
 TEST(EnvironmentReads, RefusalReadsAsNotSet) {

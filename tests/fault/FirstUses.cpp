@@ -2,8 +2,11 @@
 
 #include <TEVSystemLib/util/windows/TEVUtilWindows.h>
 
+#include <cstddef>
 #include <new>
+#include <string>
 
+#include "fault/AllocationFaults.h"
 #include "fault/AllocationTable.h"
 #include "fault/Allocator.h"
 #include "system/StoreFixture.h"
@@ -16,49 +19,70 @@ using TAMO::TEV::System::Util::TEVUtilWindows;
 using test::OpenStore;
 using test::Store;
 
-// Calls `use` with the n-th allocation failing; gives whether one did.
+// Calls `use` under the fault; gives whether an allocation was refused.
 template <typename Use>
-bool IsRefused(std::ptrdiff_t n, Use use) {
+bool IsRefused(const Fault& fault, Use use) {
     const std::ptrdiff_t before = Now().refused;
-    FailAllocation(n, Mode::Once);
+    FailAllocation(fault.n, fault.mode);
     use();
     StopFailing();
     return Now().refused != before;
 }
+
+std::string Told(const Fault& fault) {
+    return "allocation " + std::to_string(fault.n) + " fails" +
+           (fault.mode == Mode::Once ? "" : " and all that follow");
+}
+
+// The harder one first: what survives it is made, and cannot be made again.
+constexpr Mode kModes[] = {Mode::FromThenOn, Mode::Once};
 
 // Creates the store, when that is possible.
 bool IsCreated() try { return OpenStore::Instance() != nullptr; } catch (const std::bad_alloc&) {
     return false;
 }
 
-void ExpectNoUse(std::ptrdiff_t n) {
+void ExpectNoUse(const Fault& fault) {
     const char* value = "before";
-    IsRefused(n, [&] { EXPECT_FALSE(Store::GetProperty("key", value)); });
+    IsRefused(fault, [&] { EXPECT_FALSE(Store::GetProperty("key", value)); });
     EXPECT_EQ(value, nullptr);
     bool isOn = true;
-    IsRefused(n, [&] { EXPECT_FALSE(Store::GetPropertyAsBool(isOn, "key")); });
+    IsRefused(fault, [&] { EXPECT_FALSE(Store::GetPropertyAsBool(isOn, "key")); });
     EXPECT_FALSE(isOn);
-    IsRefused(n, [] { EXPECT_FALSE(Store::SetUserProperty("key", "value")); });
-    IsRefused(n, [] { EXPECT_FALSE(Store::SaveUserProperties()); });
-    IsRefused(n, [] { Store::InitializeProperties(); });
+    IsRefused(fault, [] { EXPECT_FALSE(Store::SetUserProperty("key", "value")); });
+    IsRefused(fault, [] { EXPECT_FALSE(Store::SaveUserProperties()); });
+    IsRefused(fault, [] { Store::InitializeProperties(); });
+}
+
+void ExpectNoStore(const Fault& fault) {
+    SCOPED_TRACE(Told(fault));
+    const std::ptrdiff_t live = Now().live;
+    bool isCreated = true;
+    EXPECT_TRUE(IsRefused(fault, [&] { isCreated = IsCreated(); }));
+    EXPECT_FALSE(isCreated);
+    ExpectNoUse(fault);
+    EXPECT_EQ(Now().live, live) << "left behind";
+}
+
+// The call that failed, with enough memory: nothing is refused, and nothing is made a second time.
+template <typename Use>
+void ExpectMade(Use use) {
+    const Counters before = Now();
+    use();
+    EXPECT_EQ(Now().refused, before.refused);
+    EXPECT_EQ(Now().live, before.live) << "made again, or left behind";
 }
 
 // The object, its two tables and its room for keys; what fails later is a step of the loading,
 // which is skipped.
 void CreateStore() {
     constexpr std::ptrdiff_t kAllocations = 4;
-    for (std::ptrdiff_t n = 0; n < kAllocations; ++n) {
-        SCOPED_TRACE(testing::Message() << "allocation " << n << " of the creation fails");
-        const std::ptrdiff_t live = Now().live;
-        bool isCreated = true;
-        EXPECT_TRUE(IsRefused(n, [&] { isCreated = IsCreated(); }));
-        EXPECT_FALSE(isCreated);
-        ExpectNoUse(n);
-        EXPECT_EQ(Now().live, live) << "left behind";
-    }
+    for (std::ptrdiff_t n = 0; n < kAllocations; ++n)
+        for (const Mode mode : kModes) ExpectNoStore({n, mode});
     bool isCreated = false;
-    EXPECT_TRUE(IsRefused(kAllocations, [&] { isCreated = IsCreated(); }));
+    EXPECT_TRUE(IsRefused({kAllocations, Mode::FromThenOn}, [&] { isCreated = IsCreated(); }));
     EXPECT_TRUE(isCreated);
+    ExpectMade([] { EXPECT_TRUE(IsCreated()); });
     Store::InitializeProperties();
 }
 
@@ -67,19 +91,41 @@ void CreateStore() {
 bool IsValid() { return TEVUtilWindows::IsValidUUID("01234567-89AB-4DEF-8EDC-BA9876543210"); }
 #pragma GCC diagnostic pop
 
-// It stays once it is made; what fails later is the matching.
+struct Matched {
+    bool isRefused;
+    bool isKept;  // something lives longer than the call
+};
+
+Matched Match(const Fault& fault) {
+    const std::ptrdiff_t live = Now().live;
+    const bool isRefused = IsRefused(fault, [] { EXPECT_FALSE(IsValid()); });
+    return {isRefused, Now().live != live};
+}
+
+// No text is valid: what is kept tells whether the expression was made, and it stays then.
 void MakeExpression() {
-    int failures = 0;
-    int kept = 0;
-    for (bool isRefused = true; isRefused; ++failures) {
-        const std::ptrdiff_t live = Now().live;
-        bool isValid = false;
-        isRefused = IsRefused(failures, [&] { isValid = IsValid(); });
-        EXPECT_FALSE(isValid);
-        if (Now().live != live) ++kept;
+    std::ptrdiff_t failures = 0;
+    for (bool isMade = false; !isMade; ++failures) {
+        for (const Mode mode : kModes) {
+            const Matched matched = Match({failures, mode});
+            EXPECT_TRUE(matched.isRefused || matched.isKept || isMade) << Told({failures, mode});
+            isMade = isMade || matched.isKept || !matched.isRefused;
+        }
     }
     EXPECT_GT(failures, 10) << "made before";
-    EXPECT_EQ(kept, 1);
+}
+
+void MatchExpression() {
+    for (const Mode mode : kModes) {
+        std::ptrdiff_t n = 0;
+        Matched matched{true, false};
+        for (; matched.isRefused; ++n) {
+            matched = Match({n, mode});
+            EXPECT_FALSE(matched.isKept) << Told({n, mode});
+        }
+        EXPECT_GT(n, 1) << "nothing was allocated";
+    }
+    ExpectMade([] { EXPECT_FALSE(IsValid()); });
 }
 
 }  // namespace
@@ -92,6 +138,7 @@ void FirstUses::SetUp() {
     { SCOPED_TRACE("first use"); }
     CreateStore();
     MakeExpression();
+    MatchExpression();
     for (const char* function :
          {"TEVSystemProperties::get()", "TEVUtilWindows::IsValidUUID(char const*)"})
         RegisteredRows().push_back({function, Effect::Allocates});

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 // The other system headers need windows.h before them.
+#include <cpl_string.h>
+#include <cpl_vsi.h>
 #include <oleauto.h>
 #include <psapi.h>
 #include <shlobj.h>

@@ -25,11 +25,18 @@ class BalanceListener : public testing::EmptyTestEventListener {
     void OnTestEnd(const testing::TestInfo& test) override {
         const tev::fault::Counters after = tev::fault::Now();
         EXPECT_EQ(after.live - before_.live, 0) << "allocations left behind";
-        // One test holds more blocks at once than there are guards.
-        const bool mayRunOut = std::string_view(test.name()) == "ManyEntries";
-        EXPECT_TRUE(mayRunOut || after.unguarded == before_.unguarded) << "blocks without a guard";
+        EXPECT_TRUE(MayRunOut(test) || after.unguarded == before_.unguarded)
+            << "blocks without a guard";
         EXPECT_EQ(after.wrong - before_.wrong, 0) << "wrong releases";
         ExpectNoLoans(tev::fault::CountLoans());
+    }
+
+    // One test holds more blocks at once than there are guards, and more than the system has
+    // mappings for.
+    static bool MayRunOut(const testing::TestInfo& test) {
+        using namespace std::string_view_literals;
+        return test.test_suite_name() == "ExtractKeyValueDataFromVARIANT"sv &&
+               test.name() == "ManyEntries"sv;
     }
 
     void ExpectNoLoans(const tev::fault::Loans& after) const {

@@ -19,14 +19,30 @@ KeyValueModel::Pairs Parse(const tev::fuzz::Exact& text, KeyValueSyntax syntax) 
     return pairs;
 }
 
+KeyValueModel::Lines Lines(const tev::fuzz::Exact& text, KeyValueSyntax syntax) {
+    KeyValueParser parser(text.View(), syntax);
+    KeyValueModel::Lines lines;
+    while (const auto line = parser.NextLine()) {
+        const auto& [key, value] = line->pair;
+        tev::fuzz::Expect(text.Holds(key), "the line's key points into the text");
+        lines.emplace_back(static_cast<int>(line->fault),
+                           KeyValueModel::Pair(std::string(key), std::string(value)));
+    }
+    return lines;
+}
+
+void Check(const std::string& text, KeyValueSyntax syntax, bool isBlankSeparated) {
+    const tev::fuzz::Exact exact(text);
+    tev::fuzz::ExpectSame(Parse(exact, syntax), KeyValueModel(isBlankSeparated).Run(text), "pairs");
+    tev::fuzz::ExpectSame(Lines(exact, syntax), KeyValueModel(isBlankSeparated).RunLines(text),
+                          "lines and what is wrong with them");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
-    const tev::fuzz::Exact exact(text);
-    tev::fuzz::ExpectSame(Parse(exact, KeyValueSyntax::EqualSeparated),
-                          KeyValueModel(false).Run(text), "key = value");
-    tev::fuzz::ExpectSame(Parse(exact, KeyValueSyntax::BlankSeparated),
-                          KeyValueModel(true).Run(text), "key value");
+    Check(text, KeyValueSyntax::EqualSeparated, false);
+    Check(text, KeyValueSyntax::BlankSeparated, true);
     return 0;
 }

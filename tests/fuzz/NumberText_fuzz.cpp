@@ -1,3 +1,9 @@
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
 #include "TEVSystemLib/util/string/detail/NumberText.h"
 #include "fuzz/Fuzz.h"
 #include "models/NumberModel.h"
@@ -9,6 +15,8 @@ using tev::fuzz::ExpectSame;
 namespace {
 
 using Halves = std::pair<std::string, std::string>;
+// A number in digits; nothing where none is read.
+using Number = std::optional<std::string>;
 
 int Class(IntegerText text) { return static_cast<int>(text); }
 
@@ -21,21 +29,71 @@ Halves HalvesModel(const std::string& text) {
             std::string(&text[comma + 1], &text[text.size() - 1])};
 }
 
-// What is read without a scan must be what the slow way would take, with its value.
+// The digits in front of the point, without the sign.
+std::string LeadingDigits(std::string text) {
+    text.resize(std::min(text.size(), text.find('.')));
+    return text.find_first_of("+-") == 0 ? text.substr(1) : text;
+}
+
+// The number that those digits are, written out and compared with the limits as text.
 template <typename T>
-void CheckPlain(const std::string& text, Sign sign, const char* signs) {
-    T value = 77;
-    if (!ReadPlainInteger(text.c_str(), sign, value)) return ExpectSame(value, T{77}, "kept");
-    const std::string ended = text.c_str();
-    ExpectSame(Class(IntegerText::Digits), Class(tev::test::IntegerShape(ended, signs)), "plain");
-    ExpectSame(std::to_string(value), std::to_string(static_cast<T>(std::stoll(ended))), "value");
+Number LeadingModel(const std::string& text) {
+    std::string digits = LeadingDigits(text);
+    if (digits.empty()) return std::nullopt;
+    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size() - 1));
+    const bool isNegative = text[0] == '-' && digits != "0";
+    using Limits = std::numeric_limits<T>;
+    const std::string limit =
+        isNegative ? std::to_string(Limits::min()).substr(1) : std::to_string(Limits::max());
+    if (digits.size() > limit.size() || (digits.size() == limit.size() && digits > limit))
+        return std::nullopt;
+    return (isNegative ? "-" : "") + digits;
+}
+
+// What is read without a scan is what surely fits, by the number of its digits.
+template <typename T>
+Number PlainModel(const std::string& text, const char* signs) {
+    const std::size_t count = LeadingDigits(text).size();
+    const bool isPlain = tev::test::IntegerShape(text, signs) == IntegerText::Digits &&
+                         count <= std::size_t{std::numeric_limits<T>::digits10};
+    return isPlain ? LeadingModel<T>(text) : std::nullopt;
+}
+
+// What a function makes of a number; it stores nothing when it says false.
+template <typename T, typename Read>
+Number Result(Read read) {
+    constexpr T kBefore = 77;
+    T value = kBefore;
+    if (read(value)) return std::to_string(value);
+    tev::fuzz::Expect(value == kBefore, "nothing is stored with false");
+    return std::nullopt;
+}
+
+template <typename T>
+void CheckInteger(std::string_view view, const std::string& text, Sign sign, const char* signs) {
+    const auto plain = [&](T& value) { return ReadPlainInteger(text.c_str(), sign, value); };
+    ExpectSame(Result<T>(plain), PlainModel<T>(text.c_str(), signs), "a plain integer");
+    if (tev::test::IntegerShape(text, signs) != IntegerText::Digits) return;
+    const auto leading = [&](T& value) { return ReadLeadingInteger(view, value); };
+    ExpectSame(Result<T>(leading), LeadingModel<T>(text), "a leading integer");
+}
+
+// Only what looks like a number from end to end, converts as a whole and is in range.
+std::optional<double> RealModel(const std::string& text) {
+    if (!tev::test::LooksReal(text)) return std::nullopt;
+    char* end = nullptr;
+    errno = 0;
+    const double value = std::strtod(text.c_str(), &end);
+    const bool isInRange = errno != ERANGE && (value == 0 || std::isnormal(value));
+    return isInRange && *end == '\0' ? std::optional(value) : std::nullopt;
 }
 
 void CheckReal(std::string_view view, const std::string& text) {
     double value = 77;
-    if (!ReadReal(view, value)) return ExpectSame(value == 77, true, "kept");
-    ExpectSame(true, tev::test::LooksReal(text), "a number from end to end");
-    ExpectSame(value == std::strtod(text.c_str(), nullptr), true, "its value");
+    const bool isRead = ReadReal(view, value);
+    const std::optional<double> expected = RealModel(text);
+    ExpectSame(isRead, expected.has_value(), "a number from end to end");
+    tev::fuzz::Expect(value == expected.value_or(77), "its value, or nothing stored");
 }
 
 }  // namespace
@@ -48,9 +106,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ExpectSame(Class(ClassifyInteger(exact.View(), Sign::PlusOnly)),
                Class(tev::test::IntegerShape(text, "+")), "an unsigned integer");
     ExpectSame(MayBeReal(exact.View()), tev::test::LooksReal(text), "a real number");
-    CheckPlain<int>(text, Sign::PlusOrMinus, "+-");
-    CheckPlain<int>(text, Sign::PlusOnly, "+");
-    CheckPlain<std::int64_t>(text, Sign::PlusOrMinus, "+-");
+    CheckInteger<int>(exact.View(), text, Sign::PlusOrMinus, "+-");
+    CheckInteger<int>(exact.View(), text, Sign::PlusOnly, "+");
+    CheckInteger<std::int64_t>(exact.View(), text, Sign::PlusOrMinus, "+-");
+    CheckInteger<std::uint64_t>(exact.View(), text, Sign::PlusOnly, "+");
     CheckReal(exact.View(), text);
     const IndexTexts indices = SplitIndices(exact.View());
     ExpectSame(Halves(indices.first, indices.second), HalvesModel(text), "an index pair");

@@ -23,7 +23,7 @@ extern "C" const char* __ubsan_default_options() { return "abort_on_error=1"; }
 namespace {
 
 constexpr unsigned kSeed = 20240613;
-constexpr std::size_t kMaxSize = 300;
+constexpr std::size_t kLeastRoom = 300;
 
 std::string current;
 std::string reproducer;
@@ -50,14 +50,22 @@ std::vector<std::string> Read(const std::filesystem::path& path) {
     return inputs;
 }
 
+// What an input made from these may grow to: none is cut before it is twice as long as they are.
+std::size_t RoomFor(const std::vector<std::string>& inputs) {
+    std::size_t room = kLeastRoom;
+    for (const std::string& input : inputs) room = std::max(room, 2 * input.size());
+    return room;
+}
+
 class Mutator {
  public:
-    explicit Mutator(std::vector<std::string> inputs) : inputs_(std::move(inputs)) {}
+    explicit Mutator(std::vector<std::string> inputs)
+        : inputs_(std::move(inputs)), room_(RoomFor(inputs_)) {}
 
     std::string Next() {
         std::string input = inputs_[Below(inputs_.size())];
         for (std::size_t edits = 1 + Below(4); edits > 0; --edits) Edit(input);
-        input.resize(std::min(input.size(), kMaxSize));
+        input.resize(std::min(input.size(), room_));
         return input;
     }
 
@@ -88,6 +96,7 @@ class Mutator {
     }
 
     std::vector<std::string> inputs_;
+    std::size_t room_;
     std::mt19937 engine_{kSeed};
 };
 

@@ -166,7 +166,8 @@ bool detail::MoveOverVirtual(const std::string& from, const std::string& to) {
 std::wstring detail::WidePath(const std::string& path) {
     const std::unique_ptr<wchar_t, void (*)(void*)> wide(
         CPLRecodeToWChar(path.c_str(), CPL_ENC_UTF8, CPL_ENC_UCS2), VSIFree);
-    return wide.get();
+    // No file has the empty name.
+    return wide != nullptr ? std::wstring(wide.get()) : std::wstring();
 }
 
 std::string TEVIO::getFilePath() try { return state_->path; } catch (...) {

@@ -14,7 +14,7 @@ std::optional<std::string> ReadContent(const std::string& path);
 // once. False with the file as it was, and nothing left beside it, when any of this fails.
 bool ReplaceContent(const std::string& path, const std::string& content);
 
-// A path of a disk as the layer gives it to the system.
+// A path of a disk as the layer gives it to the system; empty when the layer cannot convert it.
 std::wstring WidePath(const std::string& path);
 
 bool RemoveFile(const std::string& path);

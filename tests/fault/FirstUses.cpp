@@ -73,10 +73,10 @@ void ExpectMade(Use use) {
     EXPECT_EQ(Now().live, before.live) << "made again, or left behind";
 }
 
-// The object, its two tables and its room for keys; what fails later is a step of the loading,
+// The object and its two tables; what fails later is a step of the loading or the index,
 // which is skipped.
 void CreateStore() {
-    constexpr std::ptrdiff_t kAllocations = 4;
+    constexpr std::ptrdiff_t kAllocations = 3;
     for (std::ptrdiff_t n = 0; n < kAllocations; ++n)
         for (const Mode mode : kModes) ExpectNoStore({n, mode});
     bool isCreated = false;

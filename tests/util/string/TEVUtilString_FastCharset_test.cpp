@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -202,6 +203,8 @@ struct Way {
     To (*plain)(const From&);
     // Null for those that ask none. What it lacks is refused, by an exception that takes long.
     const char* locale = nullptr;
+
+    friend void PrintTo(const Way& way, std::ostream* stream) { *stream << way.name; }
 };
 using Widening = Way<Wide, std::string>;
 using Narrowing = Way<Narrow, std::wstring>;

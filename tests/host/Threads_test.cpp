@@ -6,6 +6,7 @@
 #include <string>
 
 #include "TEVSystemLib/system/detail/DirectivePlan.h"
+#include "TEVSystemLib/system/detail/KeyText.h"
 #include "TEVSystemLib/system/detail/ReferenceExpansion.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
 #include "TEVSystemLib/util/file/detail/KeyValueParser.h"
@@ -142,6 +143,15 @@ std::string Properties(unsigned seed) {
            std::string(properties::CorrectedValue("TEV.LOG.LEVEL", value).value_or("none"));
 }
 
+// All share the room, as look-ups of one store do.
+std::string Keys(unsigned seed) {
+    static properties::KeyRoom room;
+    std::string keys;
+    for (unsigned i = 0; i < 20; ++i)
+        keys += properties::KeyText("key " + Number(seed + i), room).Get() + ";";
+    return keys;
+}
+
 std::string Translated(unsigned seed) try {
     try {
         if (seed % 2 == 0) throw std::bad_alloc();
@@ -165,6 +175,7 @@ TEST(PureCode, GivesTheSameOn16Threads) {
                {"lists", Lists},
                {"directives", Directives},
                {"properties", Properties},
+               {"keys", Keys},
                {"errors", Translated}});
     EXPECT_THAT(soak.Differences(), IsEmpty());
     EXPECT_GE(soak.Rounds(), tev::test::kSoakThreads);

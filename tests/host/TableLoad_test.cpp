@@ -38,9 +38,15 @@ class World final : public LoadWorld {
     void ExecuteDirectives(const Properties& system) override {
         Enter("execute " + (system.count("tev.log.level") == 0 ? "-" : system.at("tev.log.level")));
     }
-    void StepFailed() override { calls_ += "failed; "; }
+    void StepFailed() override {
+        calls_ += "failed; ";
+        if (isStrict) throw;
+    }
 
     const std::string& Calls() const { return calls_; }
+
+    // No step may fail.
+    bool isStrict = false;
 
  private:
     void Enter(const std::string& call) {
@@ -101,6 +107,18 @@ TEST(LoadTables, StepsFollowAnyStepThatFails) {
         EXPECT_EQ(Text(system), row.system);
         EXPECT_EQ(Text(user), row.user);
     }
+}
+
+TEST(LoadTables, StepThatMayNotFailEndsTheLoading) {
+    Properties system;
+    Properties user;
+    World world("U/", "read U/tev.user.properties");
+    world.isStrict = true;
+    EXPECT_THROW(LoadTables({system, user}, world), std::runtime_error);
+    EXPECT_EQ(world.Calls(),
+              "find system; read S/tev.system.properties; find user; read U/tev.user.properties; "
+              "failed; ");
+    EXPECT_EQ(Text(user), "");
 }
 
 TEST(IsNoted, HoldsForTheTwoKeysOfTheFile) {

@@ -12,6 +12,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "boundary/Jobs.h"
@@ -257,13 +258,23 @@ std::vector<Job> AllJobs() {
     return jobs;
 }
 
-TEST(Threads, GiveTheSameOn16OfThem) {
-    const KnownKeys keys;
-    EXPECT_EQ(LookUps(3), Number(3) + "1");
-    Soak soak(AllJobs());
+void ExpectTheSame(std::vector<Job> jobs) {
+    Soak soak(std::move(jobs));
     EXPECT_THAT(soak.Differences(), IsEmpty());
     EXPECT_GE(soak.Rounds(), tev::test::kSoakThreads);
-    RecordProperty("Rounds", static_cast<int>(soak.Rounds()));
+    testing::Test::RecordProperty("Rounds", static_cast<int>(soak.Rounds()));
+}
+
+TEST(Threads, GiveTheSameOn16OfThem) {
+    const KnownKeys keys;
+    ExpectTheSame(AllJobs());
+}
+
+// Nothing else comes between them: what they share is held for less than a microsecond.
+TEST(Threads, LookUpTheirOwnKeysInOneStore) {
+    const KnownKeys keys;
+    EXPECT_EQ(LookUps(3), Number(3) + "1");
+    ExpectTheSame({{"look-ups", LookUps}});
 }
 
 }  // namespace

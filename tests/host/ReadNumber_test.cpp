@@ -77,6 +77,15 @@ TEST(ReadPlainInteger, MinusOnlyWhereItIsAllowed) {
     EXPECT_EQ(Plain<int>("1", Sign::PlusOnly), 1);
 }
 
+template <typename T>
+std::optional<T> Leading(const char* text) {
+    constexpr T kBefore = 77;
+    T value = kBefore;
+    if (ReadLeadingInteger(text, value)) return value;
+    EXPECT_EQ(value, kBefore) << text;
+    return std::nullopt;
+}
+
 TEST(ReadLeadingInteger, UpToWhatIsNoDigit) {
     const struct {
         const char* text;
@@ -87,9 +96,7 @@ TEST(ReadLeadingInteger, UpToWhatIsNoDigit) {
         {"2147483648", {}}, {"", {}},
     };
     for (const auto& row : rows) {
-        int value = 77;
-        EXPECT_EQ(ReadLeadingInteger(row.text, value), row.number.has_value()) << row.text;
-        EXPECT_EQ(value, row.number.value_or(77)) << row.text;
+        EXPECT_EQ(Leading<int>(row.text), row.number) << row.text;
     }
 }
 
@@ -139,6 +146,14 @@ TEST(ReadPlainReal, SignAndDigitsWithPerhapsAPointAmongThem) {
         EXPECT_EQ(value, row.number.value_or(77));
         EXPECT_EQ(std::signbit(value), std::signbit(row.number.value_or(77)));
     }
+}
+
+TEST(ReadLeadingInteger, UpToTheLimitsOfTheType) {
+    EXPECT_EQ(Leading<std::int64_t>("9223372036854775807.9"), INT64_MAX);
+    EXPECT_EQ(Leading<std::int64_t>("9223372036854775808"), std::nullopt);
+    EXPECT_EQ(Leading<std::int64_t>("-9223372036854775808"), INT64_MIN);
+    EXPECT_EQ(Leading<std::uint64_t>("18446744073709551615"), UINT64_MAX);
+    EXPECT_EQ(Leading<std::uint64_t>("18446744073709551616"), std::nullopt);
 }
 
 TEST(ReadReal, WholeTextsOfNumbersThatFit) {

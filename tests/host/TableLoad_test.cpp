@@ -38,9 +38,15 @@ class World final : public LoadWorld {
     void ExecuteDirectives(const Properties& system) override {
         Enter("execute " + (system.count("tev.log.level") == 0 ? "-" : system.at("tev.log.level")));
     }
-    void StepFailed() override { calls_ += "failed; "; }
+    void StepFailed() override {
+        calls_ += "failed; ";
+        if (isStrict) throw;
+    }
 
     const std::string& Calls() const { return calls_; }
+
+    // No step may fail.
+    bool isStrict = false;
 
  private:
     void Enter(const std::string& call) {
@@ -100,6 +106,20 @@ TEST(LoadTables, StepsFollowAnyStepThatFails) {
         EXPECT_EQ(world.Calls(), row.calls);
         EXPECT_EQ(Text(system), row.system);
         EXPECT_EQ(Text(user), row.user);
+    }
+}
+
+TEST(LoadTables, StepThatMayNotFailEndsTheLoading) {
+    const std::string calls = kAllCalls;
+    for (const std::string failing :
+         {"find system", "read S/tev.system.properties", "find user", "read U/tev.user.properties",
+          "resolve s S", "resolve u U", "execute x"}) {
+        Properties system;
+        Properties user;
+        World world("U/", failing);
+        world.isStrict = true;
+        EXPECT_THROW(LoadTables({system, user}, world), std::runtime_error) << failing;
+        EXPECT_EQ(world.Calls(), calls.substr(0, calls.find(failing)) + failing + "; failed; ");
     }
 }
 

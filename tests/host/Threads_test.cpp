@@ -6,6 +6,7 @@
 #include <string>
 
 #include "TEVSystemLib/system/detail/DirectivePlan.h"
+#include "TEVSystemLib/system/detail/PropertyIndex.h"
 #include "TEVSystemLib/system/detail/ReferenceExpansion.h"
 #include "TEVSystemLib/system/detail/WellKnownProperties.h"
 #include "TEVSystemLib/util/file/detail/KeyValueParser.h"
@@ -142,6 +143,27 @@ std::string Properties(unsigned seed) {
            std::string(properties::CorrectedValue("TEV.LOG.LEVEL", value).value_or("none"));
 }
 
+// All ask one index, as look-ups of one store do.
+std::string Keys(unsigned seed) {
+    static properties::Properties table = [] {
+        properties::Properties made;
+        for (unsigned i = 0; i < 100; i += 2) made["key " + std::to_string(i)] = Number(i);
+        return made;
+    }();
+    static properties::Properties none;
+    static const properties::PropertyIndex index = [] {
+        properties::PropertyIndex opened;
+        opened.Open({table, none});
+        return opened;
+    }();
+    std::string values;
+    for (unsigned i = 0; i < 20; ++i) {
+        const auto* entry = index.Find("key " + std::to_string((seed + i) % 100));
+        values += entry == nullptr ? "-;" : entry->second + ";";
+    }
+    return values;
+}
+
 std::string Translated(unsigned seed) try {
     try {
         if (seed % 2 == 0) throw std::bad_alloc();
@@ -165,6 +187,7 @@ TEST(PureCode, GivesTheSameOn16Threads) {
                {"lists", Lists},
                {"directives", Directives},
                {"properties", Properties},
+               {"keys", Keys},
                {"errors", Translated}});
     EXPECT_THAT(soak.Differences(), IsEmpty());
     EXPECT_GE(soak.Rounds(), tev::test::kSoakThreads);

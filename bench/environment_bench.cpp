@@ -8,11 +8,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "Files.h"
 #include "Inputs.h"
 #include "Rows.h"
 #include "support/Environment.h"
@@ -136,7 +136,7 @@ struct Variables {
         for (std::size_t i = 0; i < count; ++i)
             values["TEV_BENCH_" + std::to_string(10000 + i)] = "value " + std::to_string(i);
     }
-    std::map<std::string, std::string> values;
+    Pairs values;
 };
 
 void Remove(const std::string& name) {
@@ -144,8 +144,8 @@ void Remove(const std::string& name) {
     _putenv_s(name.c_str(), "");
 }
 
-std::map<std::string, std::string> AllNamed(const std::string& prefix) {
-    std::map<std::string, std::string> all;
+Pairs AllNamed(const std::string& prefix) {
+    Pairs all;
     for (char** entry = _environ; *entry != nullptr; ++entry) {
         const std::string text = *entry;
         const std::size_t split = text.find('=', 1);
@@ -164,12 +164,20 @@ void Activate(const Variables& variables) {
     }
 }
 
-// Names and values; all variables that are wanted must be among them.
-struct Listing {
-    bool operator==(const std::map<std::string, std::string>& wanted) const {
-        std::map<std::string, std::string> all;
-        for (std::size_t i = 0; i < count; ++i) all.emplace(names[i], values[i]);
+// All variables that are wanted must be among these.
+struct Listed {
+    bool operator==(const Pairs& wanted) const {
         return std::includes(all.begin(), all.end(), wanted.begin(), wanted.end());
+    }
+    Pairs all;
+};
+
+// Names and values.
+struct Listing {
+    bool operator==(const Pairs& wanted) const {
+        Listed listed;
+        for (std::size_t i = 0; i < count; ++i) listed.all.emplace(names[i], values[i]);
+        return listed == wanted;
     }
     char** names;
     char** values;
@@ -196,6 +204,8 @@ void AddListAll(std::size_t count) {
             TEVUtilString::DeleteCStringArray(all.names, all.count);
             TEVUtilString::DeleteCStringArray(all.values, all.count);
         })
+        .Peer("_environ into a map",
+              [](const Variables&, auto keep) { keep(Listed{AllNamed("")}); })
         .Limit("the bare block and its walk",
                [](const Variables&, auto keep) { keep(WalkBlock()); });
 }

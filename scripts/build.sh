@@ -86,6 +86,7 @@ test_all() {
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels 'Instruction levels'
+    check_bench
     TEV_SOAK_SECONDS=30 verb_sanitize
     verb_coverage
     verb_seeded

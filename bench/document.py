@@ -118,7 +118,8 @@ def builds(results, jobs, dll):
         if measured != present:
             others.setdefault(measured, []).append(job)
     text = "".join(f" Of {f'another build, {measured[:12]}' if measured else 'an unrecorded build'}:"
-                   f" {', '.join(names)}." for measured, names in others.items())
+                   f" {'all' if len(names) == len(jobs) else ', '.join(names)}."
+                   for measured, names in others.items())
     if text:
         print(f"tev: not all is of one build; run ./tev bench without options.{text}",
               file=sys.stderr)

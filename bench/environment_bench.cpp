@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "Files.h"
 #include "Inputs.h"
 #include "Rows.h"
+#include "Variables.h"
 #include "support/Environment.h"
 
 namespace tev::bench {
@@ -29,10 +29,7 @@ constexpr wchar_t kWideName[] = L"TEV_BENCH_LIST";
 constexpr char kElement[] = "C:\\new";
 constexpr DWORD kMaxChars = 32767;
 
-void Set(const std::string& value) {
-    SetEnvironmentVariableA(kName, value.c_str());
-    _putenv_s(kName, value.c_str());
-}
+void Set(const std::string& value) { SetVariable(kName, value); }
 
 // "C:\0000;C:\0001..."
 std::string List(std::size_t elements) {
@@ -139,29 +136,10 @@ struct Variables {
     Pairs values;
 };
 
-void Remove(const std::string& name) {
-    SetEnvironmentVariableA(name.c_str(), nullptr);
-    _putenv_s(name.c_str(), "");
-}
-
-Pairs AllNamed(const std::string& prefix) {
-    Pairs all;
-    for (char** entry = _environ; *entry != nullptr; ++entry) {
-        const std::string text = *entry;
-        const std::size_t split = text.find('=', 1);
-        if (text.compare(0, prefix.size(), prefix) == 0)
-            all.emplace(text.substr(0, split), text.substr(split + 1));
-    }
-    return all;
-}
-
 void Activate(const Variables& variables) {
-    for (const auto& [name, value] : AllNamed("TEV_BENCH_"))
-        if (variables.values.count(name) == 0) Remove(name);
-    for (const auto& [name, value] : variables.values) {
-        SetEnvironmentVariableA(name.c_str(), value.c_str());
-        _putenv_s(name.c_str(), value.c_str());
-    }
+    for (const auto& [name, value] : VariablesNamed("TEV_BENCH_"))
+        if (variables.values.count(name) == 0) SetVariable(name, "");
+    for (const auto& [name, value] : variables.values) SetVariable(name, value);
 }
 
 // All variables that are wanted must be among these.
@@ -205,7 +183,7 @@ void AddListAll(std::size_t count) {
             TEVUtilString::DeleteCStringArray(all.values, all.count);
         })
         .Peer("_environ into a map",
-              [](const Variables&, auto keep) { keep(Listed{AllNamed("")}); })
+              [](const Variables&, auto keep) { keep(Listed{VariablesNamed("")}); })
         .Limit("the bare block and its walk",
                [](const Variables&, auto keep) { keep(WalkBlock()); });
 }

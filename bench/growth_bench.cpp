@@ -1,8 +1,6 @@
 #include <TEVSystemLib/system/TEVSystemProperties.h>
-#include <windows.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +10,7 @@
 #include "Files.h"
 #include "LoadedStore.h"
 #include "Rows.h"
+#include "Variables.h"
 #include "support/Environment.h"
 
 namespace tev::bench {
@@ -100,20 +99,15 @@ struct Outcome {
     const char* variable = kLast;
 };
 
-void Set(const std::string& name, const std::string& value) {
-    SetEnvironmentVariableA(name.c_str(), value.empty() ? nullptr : value.c_str());
-    _putenv_s(name.c_str(), value.c_str());
-}
-
 void SetAll(const Variables& variables) {
-    for (const auto& [name, value] : variables) Set(name, value);
+    for (const auto& [name, value] : variables) SetVariable(name, value);
 }
 
-// A long list that another row has left would slow down every change.
+// What another row has left would slow down every change: a long list, a thousand variables.
 void Prepare(const Input& entries) {
-    Set(kList, "");
+    for (const auto& [name, value] : VariablesNamed("TEV_BENCH_")) SetVariable(name, "");
     entries->store->Load();
-    Set(kLast, "");
+    SetVariable(kLast, "");
 }
 
 std::string Expected(const Input& entries) { return entries->outcome; }
@@ -155,7 +149,7 @@ void AddReferences(std::size_t count) {
 void AddListEdits(std::size_t count) {
     Start("directives-list", count, [count] { return ListEdits(count); })
         .Ours([](const Input&, auto keep) {
-            Set(kList, kFirstElement);
+            SetVariable(kList, kFirstElement);
             Store::InitializeProperties();
             keep(Outcome{kList});
         })

@@ -77,6 +77,8 @@ int Run(int count, char** arguments) {
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
     RegisterRows();
+    // Said, since Wine can end a program that has died with 0.
+    if (wishes.onlyCheck) std::puts("every row is right");
     if (wishes.onlyCheck || wishes.turns > 0) return 0;
     return benchmark::RunSpecifiedBenchmarks() == 0 ? 1 : 0;
 }

@@ -27,18 +27,42 @@ auto ForEach(std::size_t size, Read read) {
     };
 }
 
+// Numbers of `width` bytes.
 template <typename Number, typename Read, typename Bare>
-void Add(const char* work, Read read, Bare bare) {
-    const auto expect = [bare](const Bytes& bytes) {
+void Add(const char* work, std::size_t size, std::size_t width, const char* limit, Read read,
+         Bare bare) {
+    const auto expect = [=](const Bytes& bytes) {
         Each<Number> numbers;
-        for (std::size_t i = 0; i < bytes.size(); i += sizeof(Number))
+        for (std::size_t i = 0; i < bytes.size(); i += width)
             numbers.values.push_back(bare(reinterpret_cast<const char*>(&bytes[i])));
         return numbers;
     };
     Work(
-        work, 0, [] { return RandomBytes(kNumbers * sizeof(Number)); }, expect)
-        .Ours(ForEach(sizeof(Number), read))
-        .CheckedLimit("Boost.Endian and a shift, inlined", ForEach(sizeof(Number), bare));
+        work, static_cast<std::int64_t>(size), [width] { return RandomBytes(kNumbers * width); },
+        expect)
+        .Ours(ForEach(width, read))
+        .CheckedLimit(limit, ForEach(width, bare));
+}
+
+template <typename Number, typename Read, typename Bare>
+void AddWhole(const char* work, Read read, Bare bare) {
+    Add<Number>(work, 0, sizeof(Number), "Boost.Endian and a shift, inlined", read, bare);
+}
+
+// The size is that of a number, in bytes.
+void AddWidth(std::size_t width) {
+    const auto read = [width](const char* bytes) {
+        std::uint64_t number = 0;
+        TEVUtilString::BinaryToUnsignedInt64(bytes, width, number);
+        return number;
+    };
+    const auto bare = [width](const char* bytes) {
+        std::uint64_t number = 0;
+        for (std::size_t i = 0; i < width; ++i)
+            number = number << 8 | static_cast<unsigned char>(bytes[i]);
+        return number;
+    };
+    Add<std::uint64_t>("uint64-of-bytes", width, width, "a loop of shifts, inlined", read, bare);
 }
 
 std::uint64_t Load64(const char* bytes) {
@@ -59,7 +83,7 @@ Number Signed(Word word, std::uint64_t bits) {
 }  // namespace
 
 void RegisterRows() {
-    Add<std::uint64_t>(
+    AddWhole<std::uint64_t>(
         "bytes-to-uint64",
         [](const char* bytes) {
             std::uint64_t number = 0;
@@ -67,7 +91,7 @@ void RegisterRows() {
             return number;
         },
         Load64);
-    Add<unsigned long>(
+    AddWhole<unsigned long>(
         "bytes-to-ulong",
         [](const char* bytes) {
             unsigned long number = 0;
@@ -75,7 +99,7 @@ void RegisterRows() {
             return number;
         },
         Load32);
-    Add<std::int64_t>(
+    AddWhole<std::int64_t>(
         "bits-to-int64",
         [](const char* bytes) {
             std::int64_t number = 0;
@@ -83,7 +107,7 @@ void RegisterRows() {
             return number;
         },
         [](const char* bytes) { return Signed<std::int64_t>(Load64(bytes), kBits64); });
-    Add<long>(
+    AddWhole<long>(
         "bits-to-long",
         [](const char* bytes) {
             long number = 0;
@@ -91,6 +115,7 @@ void RegisterRows() {
             return number;
         },
         [](const char* bytes) { return Signed<long>(Load32(bytes), kBits32); });
+    for (const std::size_t width : {1U, 2U, 4U, 8U}) AddWidth(width);
 }
 
 }  // namespace tev::bench

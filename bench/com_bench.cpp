@@ -4,13 +4,15 @@
 #include <oleauto.h>
 
 #include <cstring>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "ComInputs.h"
+#include "ComTables.h"
 #include "Files.h"
 #include "Rows.h"
+#include "Texts.h"
 #include "models/ArrayModel.h"
 #include "support/Com.h"
 
@@ -56,8 +58,6 @@ struct StringArray {
     }
     SAFEARRAY* array;
 };
-
-std::wstring Widened(const std::string& text) { return {text.begin(), text.end()}; }
 
 SAFEARRAY* BareDoubles(const Doubles& doubles) {
     SAFEARRAY* array = SafeArrayCreateVector(VT_R8, 0, static_cast<ULONG>(doubles.size()));
@@ -112,19 +112,6 @@ void AddDoublesIn(std::size_t count) {
         .Peer("SafeArrayPutElement", Build<DoubleArray, Doubles>(DoublesOneByOne))
         .CheckedLimit("bare creation + copy", Build<DoubleArray, Doubles>(BareDoubles));
 }
-
-// Data in a variant, made once.
-template <typename Data>
-struct Given {
-    Given(Data values, VARTYPE type, SAFEARRAY* array)
-        : data(std::move(values)),
-          variant(static_cast<VARTYPE>(VT_ARRAY | type), test::SafeArray(array)) {}
-    Data data;
-    mutable test::Variant variant;
-};
-
-template <typename Data>
-using GivenPointer = std::unique_ptr<const Given<Data>>;
 
 struct Numbers {
     bool operator==(const Doubles& expected) const {
@@ -195,23 +182,6 @@ void AddStringsIn(std::size_t count) {
         .CheckedLimit("bare creation + copy", build(BareStrings));
 }
 
-struct Texts {
-    bool operator==(const Strings& expected) const {
-        return count == expected.size() && std::equal(array, array + count, expected.begin());
-    }
-    char** array;
-    std::size_t count;
-};
-
-char* BareText(BSTR text) {
-    const auto length = static_cast<int>(SysStringLen(text));
-    const int size = WideCharToMultiByte(CP_ACP, 0, text, length, nullptr, 0, nullptr, nullptr);
-    char* copy = new char[static_cast<std::size_t>(size) + 1];
-    WideCharToMultiByte(CP_ACP, 0, text, length, copy, size, nullptr, nullptr);
-    copy[size] = '\0';
-    return copy;
-}
-
 void AddStringsOut(std::size_t count) {
     const auto make = [count] {
         Strings strings = RandomStrings(count);
@@ -228,6 +198,14 @@ void AddStringsOut(std::size_t count) {
             keep(Texts{texts, size});
             TEVUtilWindows::DeleteCStringArray(texts, size);
         })
+        .Peer("SafeArrayGetElement",
+              [](const Input& input, auto keep) {
+                  Strings strings(input->data.size());
+                  for (LONG i = 0; i < static_cast<LONG>(strings.size()); ++i)
+                      strings[static_cast<std::size_t>(i)] =
+                          ElementText(input->variant.Array(), &i);
+                  keep(strings);
+              })
         .CheckedLimit("bare calls + copy", [](const Input& input, auto keep) {
             const auto* source = static_cast<const BSTR*>(input->variant.Array()->pvData);
             std::vector<char*> texts(input->data.size());
@@ -235,77 +213,6 @@ void AddStringsOut(std::size_t count) {
             keep(Texts{texts.data(), texts.size()});
             for (const char* text : texts) delete[] text;
         });
-}
-
-// Two columns, key and value, rows in the order of the keys.
-struct KeyValueTable {
-    bool operator==(const Pairs& expected) const {
-        LONG row = 0;
-        for (const auto& [key, value] : expected) {
-            if (test::TextAt(array, {row, 0}) != Widened(key) ||
-                test::TextAt(array, {row, 1}) != Widened(value))
-                return false;
-            ++row;
-        }
-        return true;
-    }
-    SAFEARRAY* array;
-};
-
-struct Table {
-    explicit Table(std::size_t count) {
-        std::mt19937 random(20240311);
-        while (pairs.size() < count) pairs.emplace(Word(random, 16), Word(random, 24));
-        for (auto& [key, value] : pairs) pointers[key] = value.data();
-    }
-    Pairs pairs;
-    std::map<std::string, char*> pointers;
-};
-
-SAFEARRAY* BareTable(const Pairs& pairs) {
-    const auto rows = static_cast<ULONG>(pairs.size());
-    SAFEARRAYBOUND bounds[] = {{rows, 0}, {2, 0}};
-    SAFEARRAY* array = SafeArrayCreate(VT_BSTR, 2, bounds);
-    BSTR* data = nullptr;
-    SafeArrayAccessData(array, reinterpret_cast<void**>(&data));
-    // The first index runs fastest: all keys, then all values.
-    for (const auto& [key, value] : pairs) {
-        *data = test::AnsiBstr(key);
-        data[rows] = test::AnsiBstr(value);
-        ++data;
-    }
-    SafeArrayUnaccessData(array);
-    return array;
-}
-
-SAFEARRAY* TableOneByOne(const Pairs& pairs) {
-    SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(pairs.size()), 0}, {2, 0}};
-    SAFEARRAY* array = SafeArrayCreate(VT_BSTR, 2, bounds);
-    test::PutRows(array, pairs);
-    return array;
-}
-
-void AddTableIn(std::size_t count) {
-    using Input = std::unique_ptr<const Table>;
-    const auto build = [](auto way) {
-        return [way](const Input& input, auto keep) {
-            SAFEARRAY* array = way(input->pairs);
-            keep(KeyValueTable{array});
-            SafeArrayDestroy(array);
-        };
-    };
-    Work(
-        "table-in", static_cast<std::int64_t>(count),
-        [count] { return std::make_unique<const Table>(count); },
-        [](const Input& input) { return input->pairs; })
-        .Ours([](const Input& input, auto keep) {
-            VARIANT variant;
-            TEVUtilWindows::CreateKeyValueDataVariant(&input->pointers, &variant, nullptr, nullptr);
-            keep(KeyValueTable{variant.parray});
-            VariantClear(&variant);
-        })
-        .Peer("SafeArrayPutElement", build(TableOneByOne))
-        .CheckedLimit("bare creation + copy", build(BareTable));
 }
 
 }  // namespace
@@ -319,6 +226,7 @@ void RegisterRows() {
         AddStringsIn(count);
         AddStringsOut(count);
         AddTableIn(count);
+        AddTableOut(count);
     }
 }
 

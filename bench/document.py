@@ -2,27 +2,30 @@
 """document.py RESULTS DLL EMPTY OBJDUMP: writes docs/performance.md and its plots from the results
 of all jobs, the goals, and the notes that people write."""
 
-import datetime
-import json
+import hashlib
 import math
 import pathlib
 import re
-import subprocess
 import sys
 
+import counts
 import plots
+import startup
 from measurements import HERE, BadMeasurement, median, number, read_goals, read_rows, read_run
 
 ROOT = HERE.parent
 DOCUMENT = ROOT / "docs" / "performance.md"
 PICTURES = ROOT / "docs" / "performance"
 FEWEST_REPETITIONS = 15
+# Jobs whose cost is that of a search.
+LOGARITHMIC = {"lookup"}
+GROUND = "The ground"
 INTRODUCTION = """\
 # Performance
 
 <!-- Written by ./tev bench; edit bench/notes.md and bench/goals.txt instead. -->
 
-Version {version}, measured on {date}.
+Version {version}, measured {date}.{builds}
 
 Each line is one piece of work of one size, done in three ways in one run: by this library through its
 DLL, by what a host would use instead (the fastest of the peers that `bench/` has), and as the bare
@@ -45,8 +48,8 @@ def version():
 
 
 def read_notes():
-    """Job to prose."""
-    parts = re.split(r"^## (\S+)\n", (HERE / "notes.md").read_text(), flags=re.M)
+    """Job, or another heading, to prose."""
+    parts = re.split(r"^## (.+)\n", (HERE / "notes.md").read_text(), flags=re.M)
     return dict(zip(parts[1::2], (prose.strip() for prose in parts[2::2])))
 
 
@@ -59,6 +62,13 @@ def line(row):
     return "| " + " | ".join(str(cell) for cell in cells) + " |\n"
 
 
+def logarithmic(rows):
+    """The factors of a search in a sorted table, between the sizes of these rows."""
+    sizes = sorted({row.size for row in rows})
+    steps = [math.log(math.log(b) / math.log(a)) / math.log(b / a) for a, b in zip(sizes, sizes[1:])]
+    return "the logarithm's are " + ", ".join(f"{10 ** step:.1f}" for step in steps)
+
+
 def growth(rows):
     """How many times the cost grows where the size grows tenfold, from each size to the next."""
     text = []
@@ -69,42 +79,14 @@ def growth(rows):
             text.append(f"`{work}` {', '.join(steps)}")
     if not text:
         return ""
-    return ("\nOur cost grows, where the size grows tenfold, by the factors (10 is linear) "
+    expected = logarithmic(rows) if rows[0].job in LOGARITHMIC else "10 is linear"
+    return (f"\nOur cost grows, where the size grows tenfold, by the factors ({expected}) "
             + "; ".join(text) + ".\n")
 
 
 def slope(smaller, larger):
     grown = math.log(plots.cost(larger.ours) / plots.cost(smaller.ours))
     return grown / math.log(larger.size / smaller.size)
-
-
-def imports(objdump, dll):
-    """The DLLs that one needs, and how many functions of them."""
-    text = subprocess.run([objdump, "-p", dll], check=True, capture_output=True, text=True).stdout
-    tables = text.partition("The Import Tables")[2].partition("The Export Tables")[0]
-    return (len(re.findall(r"DLL Name:", tables)),
-            len(re.findall(r"^\t[0-9a-f]+\t", tables, flags=re.M)))
-
-
-def memory(results):
-    bytes_of = {}
-    for entry in read_run(results / "start.json")["benchmarks"]:
-        if entry["run_type"] == "iteration":
-            bytes_of.setdefault(entry["name"].split("/")[2], []).append(entry["bytes"])
-    return median(bytes_of["ours"]), median(bytes_of["limit"])
-
-
-def start(results, dll, empty, objdump):
-    ours, limit = imports(objdump, dll), imports(objdump, empty)
-    facts = [("size of the file", dll.stat().st_size, empty.stat().st_size, "bytes"),
-             ("memory", *memory(results), "bytes"),
-             ("DLLs imported", ours[0], limit[0], ""),
-             ("functions imported", ours[1], limit[1], "")]
-    text = "\n| | TEVSystemLib.dll | an empty DLL | ratio |\n|---|--:|--:|--:|\n"
-    for name, one, other, unit in facts:
-        ratio = number(one / other) if other > 0 else "-"
-        text += f"| {name} | {one:,.0f} {unit} | {other:,.0f} {unit} | {ratio} |\n"
-    return text
 
 
 def section(job, rows, notes):
@@ -115,58 +97,78 @@ def section(job, rows, notes):
     return text + (f"\n{notes[job]}\n" if job in notes else "")
 
 
-def instructions(results, rows):
-    """What the rows that missed cost in instructions, which do not depend on the machine's mood."""
-    path = results / "instructions.json"
-    counts = json.loads(path.read_text()) if path.exists() else {}
-    text = ""
-    for row in rows:
-        prefix = f"{row.job}/{row.work}/{row.size}"
-        ours = counts.get(f"{prefix}/ours")
-        if row.verdict() != "missed" or ours is None:
-            continue
-        limit = counts.get(f"{prefix}/limit")
-        peer = next((f"{value:,.0f} ({name.rpartition('peer:')[2]})" for name, value in counts.items()
-                     if name.startswith(f"{prefix}/peer:")), "-")
-        text += (f"| {row.job} {row.work} | {row.size or ''} | {ours:,.0f} | "
-                 + (f"{limit:,.0f} | {number(ours / limit) if limit else '-'}" if limit is not None
-                    else "- | -") + f" | {peer} |\n")
-    if not text:
-        return ""
-    return ("\n## Instructions of the lines that missed\n\nOf one turn, counted by valgrind "
-            "(`./tev bench --instructions`).\n\n"
-            "| Work | Size | ours | limit | ours / limit | fastest peer |\n"
-            "|---|--:|--:|--:|--:|--:|\n" + text)
-
-
 def summary(rows):
     verdicts = [row.verdict() for row in rows]
     counts = ", ".join(f"{verdicts.count(name)} {name}" for name in ("met", "close", "missed"))
     return f"Of {len(verdicts) - verdicts.count('')} lines with a goal: {counts}."
 
 
-def main(results, dll, empty, objdump):
-    goals, notes = read_goals(), read_notes()
-    jobs = {path.name.removesuffix("_bench.cpp"): None for path in sorted(HERE.glob("*_bench.cpp"))}
+def days(results, jobs):
+    found = sorted({read_run(results / f"{job}.json")["context"]["date"][:10] for job in jobs})
+    return f"on {found[0]}" if len(found) == 1 else f"from {found[0]} to {found[-1]}"
+
+
+def builds(results, jobs, dll):
+    """A sentence on the jobs whose results are of another build of the DLL than the one at hand."""
+    present = hashlib.sha256(dll.read_bytes()).hexdigest()
+    others = {}
     for job in jobs:
-        jobs[job] = read_rows(results / f"{job}.json", goals)
+        path = results / f"{job}.sha256"
+        measured = path.read_text().strip() if path.exists() else ""
+        if measured != present:
+            others.setdefault(measured, []).append(job)
+    text = "".join(f" Of {f'another build, {measured[:12]}' if measured else 'an unrecorded build'}:"
+                   f" {'all' if len(names) == len(jobs) else ', '.join(names)}."
+                   for measured, names in others.items())
+    if text:
+        print(f"tev: not all is of one build; run ./tev bench without options.{text}",
+              file=sys.stderr)
+    return text
+
+
+def tell_unexplained(rows, notes):
+    """A line that misses its goal has its work named in the notes of its job."""
+    works = dict.fromkeys((row.job, row.work) for row in rows if row.verdict() == "missed")
+    for job, work in works:
+        if f"`{work}`" not in notes.get(job, ""):
+            print(f"no reason in bench/notes.md: {job} {work}", file=sys.stderr)
+
+
+def fewest_repetitions(rows):
+    fewest = min(len(times) for row in rows
+                 for times in (row.ours, row.limit, *row.peers.values()) if times)
+    if fewest < FEWEST_REPETITIONS:
+        raise BadMeasurement("a result is of a quick run; run ./tev bench without options")
+    return fewest
+
+
+def all_rows(results, goals):
+    """Job to rows; every goal has its row."""
+    names = sorted(path.name.removesuffix("_bench.cpp") for path in HERE.glob("*_bench.cpp"))
+    jobs = {job: read_rows(results / f"{job}.json", goals) for job in names}
     measured = {(row.job, row.work, row.size) for rows in jobs.values() for row in rows}
     for goal in goals.keys() - measured:
         raise BadMeasurement(f"{' '.join(map(str, goal))} has a goal and was not measured; "
                              "run ./tev bench without options")
+    return jobs
+
+
+def main(results, dll, empty, objdump):
+    notes = read_notes()
+    jobs = all_rows(results, read_goals())
     rows = [row for rows in jobs.values() for row in rows]
-    repetitions = min(len(row.ours) for row in rows)
-    if repetitions < FEWEST_REPETITIONS:
-        raise BadMeasurement("a result is of a quick run; run ./tev bench without options")
+    repetitions = fewest_repetitions(rows)
     PICTURES.mkdir(exist_ok=True)
-    text = INTRODUCTION.format(version=version(), date=datetime.date.today().isoformat(),
-                               repetitions=repetitions, summary=summary(rows))
-    for job, rows in jobs.items():
-        text += section(job, rows, notes)
+    text = INTRODUCTION.format(version=version(), date=days(results, jobs),
+                               builds=builds(results, jobs, dll), repetitions=repetitions,
+                               summary=summary(rows))
+    for job, its in jobs.items():
+        text += section(job, its, notes)
         if job == "start":
-            text += start(results, dll, empty, objdump)
-    text += instructions(results, [row for rows in jobs.values() for row in rows])
+            text += startup.table(results, dll, empty, objdump)
+    text += counts.table(results, rows) + f"\n## {GROUND}\n\n{notes[GROUND]}\n"
     DOCUMENT.write_text(text)
+    tell_unexplained(rows, notes)
     print(f"wrote {DOCUMENT.relative_to(ROOT)}")
 
 

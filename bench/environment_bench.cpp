@@ -8,13 +8,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Inputs.h"
 #include "Rows.h"
+#include "Variables.h"
 #include "support/Environment.h"
 
 namespace tev::bench {
@@ -29,10 +29,7 @@ constexpr wchar_t kWideName[] = L"TEV_BENCH_LIST";
 constexpr char kElement[] = "C:\\new";
 constexpr DWORD kMaxChars = 32767;
 
-void Set(const std::string& value) {
-    SetEnvironmentVariableA(kName, value.c_str());
-    _putenv_s(kName, value.c_str());
-}
+void Set(const std::string& value) { SetVariable(kName, value); }
 
 // "C:\0000;C:\0001..."
 std::string List(std::size_t elements) {
@@ -136,40 +133,29 @@ struct Variables {
         for (std::size_t i = 0; i < count; ++i)
             values["TEV_BENCH_" + std::to_string(10000 + i)] = "value " + std::to_string(i);
     }
-    std::map<std::string, std::string> values;
+    Pairs values;
 };
 
-void Remove(const std::string& name) {
-    SetEnvironmentVariableA(name.c_str(), nullptr);
-    _putenv_s(name.c_str(), "");
-}
-
-std::map<std::string, std::string> AllNamed(const std::string& prefix) {
-    std::map<std::string, std::string> all;
-    for (char** entry = _environ; *entry != nullptr; ++entry) {
-        const std::string text = *entry;
-        const std::size_t split = text.find('=', 1);
-        if (text.compare(0, prefix.size(), prefix) == 0)
-            all.emplace(text.substr(0, split), text.substr(split + 1));
-    }
-    return all;
-}
-
 void Activate(const Variables& variables) {
-    for (const auto& [name, value] : AllNamed("TEV_BENCH_"))
-        if (variables.values.count(name) == 0) Remove(name);
-    for (const auto& [name, value] : variables.values) {
-        SetEnvironmentVariableA(name.c_str(), value.c_str());
-        _putenv_s(name.c_str(), value.c_str());
-    }
+    for (const auto& [name, value] : VariablesNamed("TEV_BENCH_"))
+        if (variables.values.count(name) == 0) SetVariable(name, "");
+    for (const auto& [name, value] : variables.values) SetVariable(name, value);
 }
 
-// Names and values; all variables that are wanted must be among them.
-struct Listing {
-    bool operator==(const std::map<std::string, std::string>& wanted) const {
-        std::map<std::string, std::string> all;
-        for (std::size_t i = 0; i < count; ++i) all.emplace(names[i], values[i]);
+// All variables that are wanted must be among these.
+struct Listed {
+    bool operator==(const Pairs& wanted) const {
         return std::includes(all.begin(), all.end(), wanted.begin(), wanted.end());
+    }
+    Pairs all;
+};
+
+// Names and values.
+struct Listing {
+    bool operator==(const Pairs& wanted) const {
+        Listed listed;
+        for (std::size_t i = 0; i < count; ++i) listed.all.emplace(names[i], values[i]);
+        return listed == wanted;
     }
     char** names;
     char** values;
@@ -196,6 +182,8 @@ void AddListAll(std::size_t count) {
             TEVUtilString::DeleteCStringArray(all.names, all.count);
             TEVUtilString::DeleteCStringArray(all.values, all.count);
         })
+        .Peer("_environ into a map",
+              [](const Variables&, auto keep) { keep(Listed{VariablesNamed("")}); })
         .Limit("the bare block and its walk",
                [](const Variables&, auto keep) { keep(WalkBlock()); });
 }

@@ -30,6 +30,17 @@ std::vector<Number> Integers() {
     return numbers;
 }
 
+// Of so many digits.
+std::vector<int> IntegersOf(int digits) {
+    std::mt19937_64 random(20240304);
+    int least = 1;
+    for (int i = 1; i < digits; ++i) least *= 10;
+    std::uniform_int_distribution<int> number(least, 10 * (least - 1) + 9);
+    std::vector<int> numbers;
+    for (int i = 0; i < kNumbers; ++i) numbers.push_back(number(random));
+    return numbers;
+}
+
 std::vector<double> Doubles() {
     std::mt19937_64 random(20240305);
     std::uniform_real_distribution<double> number(-10000, 10000);
@@ -60,21 +71,21 @@ auto OnStack(Options... options) {
 
 // The expected texts are those of printf.
 template <typename Make>
-auto Start(const char* work, Make make, const char* format) {
-    return Work(work, 0, make, [format](const auto& numbers) {
+auto Start(const char* work, int size, Make make, const std::string& format) {
+    return Work(work, size, make, [format](const auto& numbers) {
         Each<std::string> each;
         for (const auto number : numbers) {
             char text[400];
-            std::snprintf(text, sizeof text, format, number);
+            std::snprintf(text, sizeof text, format.c_str(), number);
             each.values.emplace_back(text);
         }
         return each;
     });
 }
 
-template <typename Number>
-void AddInteger(const char* work, const char* format) {
-    Start(work, Integers<Number>, format)
+template <typename Number, typename Make>
+void AddInteger(const char* work, int size, Make make, const char* format) {
+    Start(work, size, make, format)
         .Ours(ForEach([](Number number) { return TEVUtilString::ToString(number); }))
         .Peer("fmt", ForEach([](Number number) { return fmt::to_string(number); }))
         .Peer("Abseil", ForEach([](Number number) { return absl::StrCat(number); }))
@@ -83,17 +94,18 @@ void AddInteger(const char* work, const char* format) {
 }
 
 void AddJustifiedInteger() {
-    Start("int-justified", Integers<int>, "%+014d")
+    Start("int-justified", 0, Integers<int>, "%+014d")
         .Ours(ForEach(
             [](int number) { return TEVUtilString::ToString(kLeading, number, 14, true, true); }))
         .Peer("fmt", ForEach([](int number) { return fmt::format("{:+014d}", number); }))
         .Limit("to_chars on the stack", OnStack());
 }
 
-void AddDouble(const char* work, const char* format, const char* fmtFormat, bool scientific,
-               int precision) {
+void AddDouble(const char* work, int size, bool scientific, int precision) {
     const auto notation = scientific ? std::chars_format::scientific : std::chars_format::fixed;
-    Start(work, Doubles, format)
+    const std::string form = "." + std::to_string(precision) + (scientific ? "e" : "f");
+    const std::string fmtFormat = "{:" + form + "}";
+    Start(work, size, Doubles, "%" + form)
         .Ours(ForEach(
             [=](double number) { return TEVUtilString::ToString(number, scientific, precision); }))
         .Peer("fmt",
@@ -102,7 +114,7 @@ void AddDouble(const char* work, const char* format, const char* fmtFormat, bool
 }
 
 void AddJustifiedDouble() {
-    Start("double-justified", Doubles, "%+020.6f")
+    Start("double-justified", 0, Doubles, "%+020.6f")
         .Ours(ForEach([](double number) {
             return TEVUtilString::ToString(kLeading, number, 20, 6, true, true);
         }))
@@ -111,7 +123,7 @@ void AddJustifiedDouble() {
 }
 
 void AddCString() {
-    Start("double-c-string", Doubles, "%.20f")
+    Start("double-c-string", 0, Doubles, "%.20f")
         .Ours([](const std::vector<double>& numbers, auto keep) {
             for (const double number : numbers) {
                 char* text = nullptr;
@@ -127,14 +139,19 @@ void AddCString() {
 }  // namespace
 
 void RegisterRows() {
-    AddInteger<int>("int", "%d");
-    AddInteger<std::int64_t>("int64", "%I64d");
+    AddInteger<int>("int", 0, Integers<int>, "%d");
+    AddInteger<std::int64_t>("int64", 0, Integers<std::int64_t>, "%I64d");
     AddJustifiedInteger();
-    AddDouble("double-fixed-20", "%.20f", "{:.20f}", false, 20);
-    AddDouble("double-fixed-6", "%.6f", "{:.6f}", false, 6);
-    AddDouble("double-scientific-10", "%.10e", "{:.10e}", true, 10);
+    AddDouble("double-fixed-20", 0, false, 20);
+    AddDouble("double-fixed-6", 0, false, 6);
+    AddDouble("double-scientific-10", 0, true, 10);
     AddJustifiedDouble();
     AddCString();
+    for (const int digits : {1, 3, 6, 9})
+        AddInteger<int>(
+            "int-digits", digits, [digits] { return IntegersOf(digits); }, "%d");
+    for (const int decimals : {2, 6, 12, 20})
+        AddDouble("double-fixed-decimals", decimals, false, decimals);
 }
 
 }  // namespace tev::bench

@@ -2,23 +2,25 @@
 """instructions.py RESULTS PROGRAMS JOB...: counts the instructions of the rows that missed.
 
 A row is run with some turns and with three times as many, in a program that valgrind watches under
-Wine; the difference is that of the turns alone. RESULTS/instructions.json gets the instructions a turn,
-by job and name of the row.
+Wine; the difference is that of the turns alone. RESULTS/instructions/JOB.json gets the instructions a
+turn by the name of the row, as soon as they are counted; what was counted of other rows stays.
 """
 
-import json
 import os
 import pathlib
 import re
 import subprocess
 import sys
 import tempfile
-from concurrent.futures import ThreadPoolExecutor
+from concurrent.futures import ThreadPoolExecutor, as_completed
 
-from measurements import BadMeasurement, fastest_quarter, read_goals, read_rows
+import counts
+from measurements import BadMeasurement, read_goals, read_rows
 
 # So long, in nanoseconds, that starting the program does not count.
 WORK = 3e6
+# In seconds, of one run.
+LONGEST = 600
 WINE = "/usr/lib/wine/wine64"
 VALGRIND = ["valgrind", "--tool=cachegrind", "--trace-children=yes", "--cache-sim=no",
             "--cachegrind-out-file=/dev/null"]
@@ -35,7 +37,7 @@ def run(program, row, turns):
         subprocess.run(
             [*VALGRIND, f"--log-file={folder}/%p", WINE, str(program), f"--turns={turns}",
              f"--filter=^{literal(row)}$"],
-            env={**os.environ, "WINELOADERNOEXEC": "1"}, check=False, timeout=600,
+            env={**os.environ, "WINELOADERNOEXEC": "1"}, check=False, timeout=LONGEST,
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         for log in pathlib.Path(folder).iterdir():
             text = log.read_text()
@@ -52,27 +54,29 @@ def count(program, row, time):
     return max(0, many - few) / (2 * turns)
 
 
-def ways(row):
-    """The names of the ways that are compared, with their times."""
-    prefix = f"{row.work}/{row.size}"
-    yield f"{prefix}/ours", fastest_quarter(row.ours)
-    if row.limit:
-        yield f"{prefix}/limit", fastest_quarter(row.limit)
-    if row.peers:
-        yield f"{prefix}/peer:{row.best_peer()}", fastest_quarter(row.peers[row.best_peer()])
+def counted(results, job, name, future):
+    """Writes down what was counted. A row that takes too long costs the others nothing."""
+    try:
+        instructions = future.result()
+    except subprocess.TimeoutExpired:
+        print(f"{'not counted':>14}  {job}/{name}: took more than {LONGEST} s", flush=True)
+    except BadMeasurement as error:
+        print(f"{'not counted':>14}  {job}/{name}: {error}", flush=True)
+    else:
+        counts.add(results, job, name, instructions)
+        print(f"{instructions:>14,.0f}  {job}/{name}", flush=True)
 
 
 def main(results, programs, jobs):
     goals = read_goals()
     tasks = [(job, name, time) for job in jobs for row in read_rows(results / f"{job}.json", goals)
-             if row.verdict() == "missed" and row.job != "start" for name, time in ways(row)]
-    found = {}
+             if row.verdict() == "missed" and row.job != "start"
+             for _, name, time in counts.ways(row)]
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        counts = pool.map(lambda task: count(programs / f"bench_{task[0]}.exe", *task[1:]), tasks)
-        for (job, name, _), counted in zip(tasks, counts):
-            found[f"{job}/{name}"] = counted
-            print(f"{counted:>14,.0f}  {job}/{name}", flush=True)
-    (results / "instructions.json").write_text(json.dumps(found, indent=1))
+        futures = {pool.submit(count, programs / f"bench_{job}.exe", name, time): (job, name)
+                   for job, name, time in tasks}
+        for future in as_completed(futures):
+            counted(results, *futures[future], future)
 
 
 if __name__ == "__main__":

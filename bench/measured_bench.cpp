@@ -1,6 +1,8 @@
 #include <TEVSystemLib/util/string/TEVUtilString.h>
 
 #include <charconv>
+#include <cmath>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -27,7 +29,20 @@ std::vector<Measured> Values() {
             {0.96, 0.3, {"1.0", "0.3"}, {"1e+00", "3e-01"}}};
 }
 
-void Add(const char* work, bool scientific) {
+// One value that its uncertainty leaves so many decimals.
+std::vector<Measured> ValueOfDecimals(int decimals) {
+    const double value = 1.2345678912;
+    const double uncertainty = 2 * std::pow(10, -decimals);
+    const auto text = [decimals](double number) {
+        char buffer[32];
+        std::snprintf(buffer, sizeof buffer, "%.*f", decimals, number);
+        return std::string(buffer);
+    };
+    return {{value, uncertainty, {text(value), text(uncertainty)}, {}}};
+}
+
+template <typename Make>
+void Add(const char* work, std::int64_t size, Make make, bool scientific) {
     const auto expect = [scientific](const std::vector<Measured>& values) {
         Each<std::string> texts;
         for (const Measured& measured : values)
@@ -35,7 +50,7 @@ void Add(const char* work, bool scientific) {
                 texts.values.push_back(text);
         return texts;
     };
-    Work(work, 0, Values, expect)
+    Work(work, size, make, expect)
         .Ours([scientific](const std::vector<Measured>& values, auto keep) {
             for (const Measured& measured : values) {
                 char* value = nullptr;
@@ -61,8 +76,11 @@ void Add(const char* work, bool scientific) {
 }  // namespace
 
 void RegisterRows() {
-    Add("fixed", false);
-    Add("scientific", true);
+    Add("fixed", 0, Values, false);
+    Add("scientific", 0, Values, true);
+    for (const int decimals : {1, 3, 6, 9})
+        Add(
+            "fixed-decimals", decimals, [decimals] { return ValueOfDecimals(decimals); }, false);
 }
 
 }  // namespace tev::bench

@@ -51,11 +51,22 @@ std::string Int64Text(std::mt19937_64& random) {
     return std::to_string(RandomNumber<std::int64_t>(random, 18));
 }
 
-std::string DoubleText(std::mt19937_64& random, const char* format) {
+std::string DoubleText(std::mt19937_64& random, const std::string& format) {
     char text[64];
-    std::snprintf(text, sizeof text, format,
+    std::snprintf(text, sizeof text, format.c_str(),
                   std::uniform_real_distribution<double>(-10000, 10000)(random));
     return text;
+}
+
+// So many digits, the first of them not 0.
+std::string DigitsText(std::mt19937_64& random, std::size_t digits) {
+    std::string text(1, static_cast<char>('1' + random() % 9));
+    while (text.size() < digits) text += static_cast<char>('0' + random() % 10);
+    return text;
+}
+
+auto OfDigits(std::size_t digits) {
+    return [digits](std::mt19937_64& random) { return DigitsText(random, digits); };
 }
 
 std::string BoolText(std::mt19937_64& random) { return random() % 2 == 0 ? "true" : "False"; }
@@ -102,9 +113,9 @@ auto Out(Function function) {
 }
 
 template <typename Number, typename Make, typename Parse>
-auto Start(const char* work, Make make, Parse parse) {
+auto Start(const char* work, std::size_t size, Make make, Parse parse) {
     return Work(
-        work, 0, [make] { return MakeTexts(make); },
+        work, static_cast<std::int64_t>(size), [make] { return MakeTexts(make); },
         [parse](const Texts& texts) {
             Each<Number> each;
             for (const std::string& text : texts) each.values.push_back(parse(text));
@@ -112,29 +123,37 @@ auto Start(const char* work, Make make, Parse parse) {
         });
 }
 
-void AddIntegers() {
-    const auto ours = Out<int>(
+int StandardInt(const std::string& text) { return std::stoi(text); }
+
+auto OurInt() {
+    return Out<int>(
         [](const std::string& text, int& value) { TEVUtilString::ToInteger(text.c_str(), value); });
-    const auto strtol = ForEach(
-        [](const std::string& text) { return int{std::strtol(text.c_str(), nullptr, 10)}; });
-    const auto stoi = [](const std::string& text) { return std::stoi(text); };
-    Start<int>("int", IntText, stoi)
-        .Ours(ours)
+}
+
+template <typename Make>
+void AddInt(const char* work, std::size_t size, Make make) {
+    Start<int>(work, size, make, StandardInt)
+        .Ours(OurInt())
         .Peer("from_chars", ForEach(FromChars<int>))
         .Peer("Abseil", Out<int>([](const std::string& text, int& value) {
                   static_cast<void>(absl::SimpleAtoi(text, &value));
               }))
         .CheckedLimit("digit loop", ForEach(DigitLoop<int>));
-    Start<int>("int-with-fraction", FractionText, stoi)
-        .Ours(ours)
+}
+
+void AddIntWithFraction() {
+    const auto strtol = ForEach(
+        [](const std::string& text) { return int{std::strtol(text.c_str(), nullptr, 10)}; });
+    Start<int>("int-with-fraction", 0, FractionText, StandardInt)
+        .Ours(OurInt())
         .Peer("from_chars", ForEach(FromChars<int>))
         .Peer("strtol", strtol)
         .CheckedLimit("digit loop", ForEach(DigitLoop<int>));
 }
 
-void AddInt64() {
-    Start<std::int64_t>("int64", Int64Text,
-                        [](const std::string& text) { return std::stoll(text); })
+template <typename Make>
+void AddInt64(const char* work, std::size_t size, Make make) {
+    Start<std::int64_t>(work, size, make, [](const std::string& text) { return std::stoll(text); })
         .Ours(Out<std::int64_t>([](const std::string& text, std::int64_t& value) {
             TEVUtilString::ToInt64(text.c_str(), value);
         }))
@@ -145,9 +164,9 @@ void AddInt64() {
         .CheckedLimit("digit loop", ForEach(DigitLoop<std::int64_t>));
 }
 
-void AddDoubles(const char* work, const char* format) {
+void AddDoubles(const char* work, std::size_t size, const std::string& format) {
     const auto make = [format](std::mt19937_64& random) { return DoubleText(random, format); };
-    Start<double>(work, make, FastFloat)
+    Start<double>(work, size, make, FastFloat)
         .Ours(Out<double>([](const std::string& text, double& value) {
             TEVUtilString::ToDouble(text.c_str(), value);
         }))
@@ -160,7 +179,7 @@ void AddDoubles(const char* work, const char* format) {
 
 void AddBool() {
     // int, since a vector of bool has no elements to point at.
-    Start<int>("bool", BoolText, [](const std::string& text) { return text == "true"; })
+    Start<int>("bool", 0, BoolText, [](const std::string& text) { return text == "true"; })
         .Ours(Out<bool>([](const std::string& text, bool& value) {
             TEVUtilString::ToBool(text.c_str(), value);
         }))
@@ -175,11 +194,18 @@ void AddBool() {
 }  // namespace
 
 void RegisterRows() {
-    AddIntegers();
-    AddInt64();
-    AddDoubles("double-short", "%.3f");
-    AddDoubles("double-17-digits", "%.16e");
+    AddInt("int", 0, IntText);
+    AddIntWithFraction();
+    AddInt64("int64", 0, Int64Text);
+    AddDoubles("double-short", 0, "%.3f");
+    AddDoubles("double-17-digits", 0, "%.16e");
     AddBool();
+    for (const std::size_t digits : {1U, 3U, 6U, 9U})
+        AddInt("int-digits", digits, OfDigits(digits));
+    for (const std::size_t digits : {2U, 6U, 12U, 18U})
+        AddInt64("int64-digits", digits, OfDigits(digits));
+    for (const std::size_t digits : {2U, 6U, 12U, 17U})
+        AddDoubles("double-digits", digits, "%." + std::to_string(digits - 1) + "e");
 }
 
 }  // namespace tev::bench

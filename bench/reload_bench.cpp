@@ -13,6 +13,7 @@
 #include "Files.h"
 #include "LoadedStore.h"
 #include "Rows.h"
+#include "Variables.h"
 #include "support/Environment.h"
 
 namespace tev::bench {
@@ -52,11 +53,10 @@ struct Configuration {
 };
 using Input = std::unique_ptr<const Configuration>;
 
-void SetVariable(const std::string& directive) {
+void Execute(const std::string& directive) {
     const std::size_t split = directive.find('|');
     const std::string name = directive.substr(0, split);
-    SetEnvironmentVariableA(name.c_str(), directive.c_str() + split + 1);
-    _putenv_s(name.c_str(), directive.c_str() + split + 1);
+    SetVariable(name, directive.substr(split + 1));
 }
 
 // Two of the variables tell whether the work was done; read only where a row is checked.
@@ -114,8 +114,7 @@ void ExpandAll(CSimpleIniCaseA& ini, const CSimpleIniCaseA& system, const CSimpl
         const std::string value = ini.GetValue("", key.pItem);
         if (value.find('%') != std::string::npos)
             ini.SetValue("", key.pItem, Expand(system, user, value).c_str());
-        if (std::string(key.pItem).rfind(kDirective, 0) == 0)
-            SetVariable(ini.GetValue("", key.pItem));
+        if (std::string(key.pItem).rfind(kDirective, 0) == 0) Execute(ini.GetValue("", key.pItem));
     }
 }
 
@@ -140,7 +139,7 @@ void BareWork(const Configuration& configuration) {
     for (const auto& [key, value] : configuration.entries) pairs.emplace(key, value);
     for (auto entry = pairs.lower_bound(kDirective);
          entry != pairs.end() && entry->first.rfind(kDirective, 0) == 0; ++entry)
-        SetVariable(entry->second);
+        Execute(entry->second);
 }
 
 void Add(std::size_t count) {

@@ -95,13 +95,11 @@ void Add(const char* work, std::size_t size, Swap swap) {
 
 void RegisterRows() {
     for (const std::size_t size : {1024U, 32768U, 1048576U, 67108864U}) {
-        Add<std::uint32_t, unsigned int>("32-bit", size, [](unsigned int* array, int count) {
-            TEVUtilString::Swap32BitWord(array, count);
-        });
-    }
-    for (const std::size_t size : {1024U, 8192U, 65536U, 1048576U}) {
         Add<std::uint16_t, unsigned short>("16-bit", size, [](unsigned short* array, int count) {
             TEVUtilString::Swap16BitWord(array, count);
+        });
+        Add<std::uint32_t, unsigned int>("32-bit", size, [](unsigned int* array, int count) {
+            TEVUtilString::Swap32BitWord(array, count);
         });
         Add<std::uint64_t, double>("64-bit", size, [](double* array, int count) {
             TEVUtilString::Swap64BitDouble(array, count);

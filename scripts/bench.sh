@@ -2,6 +2,7 @@
 
 bench_build=$root/build/mingw-bench
 bench_results=$root/build/bench
+bench_dll=$bench_build/bin/TEVSystemLib.dll
 # The one that sees the packages of Debian.
 bench_python=/usr/bin/python3
 
@@ -20,27 +21,37 @@ need_bench() {
     export TEV_BENCH_PREFIX
 }
 
-# measure JOB OPTION...: the result is put into place only when the program has ended well.
+# measure JOB OPTION...: the result is put into place only when the program has ended well, the hash
+# of the DLL beside it. Instructions that were counted of an older build go.
 measure() {
-    local job=$1 file=$bench_results/$1.json
+    local job=$1 file=$bench_results/$1.json hash
     shift
     mkdir -p "$bench_results"
-    rm -f "$file"
+    rm -f "$file" "$bench_results/$job.sha256" "$bench_results/instructions/$job.json"
+    hash=$(sha256sum "$bench_dll")
     say "measuring $job"
     WINEPATH=$bench_build/bin "$root/scripts/wine.sh" "$bench_build/bin/bench_$job.exe" \
         --benchmark_enable_random_interleaving=true --benchmark_out_format=json \
         --benchmark_out="Z:$file.part" "$@" >"$bench_results/$job.log" 2>&1 ||
         die "bench_$job failed; see $bench_results/$job.log"
     mv "$file.part" "$file" || die "bench_$job left no result; see $bench_results/$job.log"
+    printf '%s\n' "${hash%% *}" >"$bench_results/$job.sha256"
+}
+
+# check_bench: what each row comes to, without measuring; the huge sizes are left out.
+check_bench() {
+    need_bench
+    build mingw-bench
+    say "checking what the rows of the benchmarks come to"
+    (cd "$root" && ctest --preset mingw-bench) || die "a benchmark does not do its work"
 }
 
 # document: docs/performance.md from the last results of all jobs.
 document() {
-    local dll=$bench_build/bin/TEVSystemLib.dll
-    [ -f "$dll" ] || die "nothing has been measured yet; run ./tev bench"
+    [ -f "$bench_dll" ] || die "nothing has been measured yet; run ./tev bench"
     need_packages "${packages_bench[@]}"
-    "$bench_python" "$root/bench/document.py" "$bench_results" "$dll" "$bench_build/bin/bench_empty.dll" \
-        "$triplet-objdump"
+    "$bench_python" "$root/bench/document.py" "$bench_results" "$bench_dll" \
+        "$bench_build/bin/bench_empty.dll" "$triplet-objdump"
 }
 
 # count_instructions JOB...: of the rows that missed their goal when they were measured last.
@@ -72,6 +83,7 @@ verb_bench() {
     [ ${#jobs[@]} -gt 0 ] || mapfile -t jobs < <(bench_jobs)
     if [ "$only" = instructions ]; then
         count_instructions "${jobs[@]}"
+        document
     elif [ -z "$only" ]; then
         need_bench
         build mingw-bench "${jobs[@]/#/bench_}"

@@ -93,6 +93,7 @@ test_all() {
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels './tev test --all'
+    check_bench
     verb_sanitize
     verb_coverage
     verb_seeded

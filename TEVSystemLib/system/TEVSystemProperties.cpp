@@ -8,26 +8,36 @@
 
 namespace TAMO::TEV::System {
 
-namespace {
+namespace detail {
 
 struct Store : TEVSystemProperties {
-    detail::PropertyTables Tables() { return {getProperties(), getUserProperties()}; }
+    StoreState State() { return {{*properties_, *userProperties_}, index, unsaved}; }
 
-    detail::StoreState State() { return {Tables(), index, unsaved}; }
-
-    detail::PropertyIndex index;
+    PropertyIndex index;
     // Keys of the user properties set since they were loaded or saved faithfully.
     std::set<std::string> unsaved;
 };
 
+}  // namespace detail
+
+namespace {
+
+using detail::Store;
+
 // Destroyed at process exit or when the DLL is unloaded.
 std::unique_ptr<Store> store;
+
+// The caller may change a table of the store from now on.
+void Expose(const TEVSystemProperties& asked) {
+    if (&asked == store.get()) store->index.CloseForGood();
+}
 
 void Load(Store& loaded) {
     loaded.unsaved.clear();
     loaded.index.Close();
-    detail::LoadTables(loaded.Tables());
-    loaded.index.Open(loaded.Tables());
+    const detail::PropertyTables tables = loaded.State().tables;
+    detail::LoadTables(tables);
+    loaded.index.Open(tables);
 }
 
 Store& Created() {
@@ -79,9 +89,13 @@ TEVSystemProperties& TEVSystemProperties::operator=(const TEVSystemProperties&) 
 
 TEVSystemProperties& TEVSystemProperties::get() { return Created(); }
 
-std::map<std::string, std::string>& TEVSystemProperties::getProperties() { return *properties_; }
+std::map<std::string, std::string>& TEVSystemProperties::getProperties() {
+    Expose(*this);
+    return *properties_;
+}
 
 std::map<std::string, std::string>& TEVSystemProperties::getUserProperties() {
+    Expose(*this);
     return *userProperties_;
 }
 

@@ -8,6 +8,10 @@
 
 namespace TAMO::TEV::System {
 
+namespace detail {
+struct Store;
+}  // namespace detail
+
 // The process-wide configuration store: system properties from "tev.system.properties", user
 // properties from "tev.user.properties". A lookup asks the user table, then the system table, then
 // the process environment, whose answer is cached in the system table. Folders, file syntax,
@@ -61,11 +65,15 @@ class TEVSYSTEMLIB_API TEVSystemProperties {
     // exhausted; the next call tries again.
     static TEVSystemProperties& get();
 
-    // The system table and the user table.
+    // The system table and the user table. From the first call for the one instance on, lookups
+    // search the tables instead of an index, since the caller may change them at any time;
+    // TEVSystemDiagnostics::TakePropertiesSnapshot reads them without that.
     std::map<std::string, std::string>& getProperties();
     std::map<std::string, std::string>& getUserProperties();
 
  private:
+    friend struct detail::Store;
+
     std::unique_ptr<std::map<std::string, std::string>> properties_;
     std::unique_ptr<std::map<std::string, std::string>> userProperties_;
 };

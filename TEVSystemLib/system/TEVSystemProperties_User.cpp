@@ -33,7 +33,7 @@ bool TEVSystemProperties::SetUserProperty(const char* key, const char* value) tr
 }
 
 bool TEVSystemProperties::SaveUserProperties() try {
-    const detail::Properties& table = get().getUserProperties();
+    const detail::Properties& table = detail::MadeStore().tables.user;
     // KEEP: the search accepts only a folder that holds the file, so saving never creates one.
     const std::string folder = detail::FindUserFolder();
     if (folder.empty() || table.empty()) return false;

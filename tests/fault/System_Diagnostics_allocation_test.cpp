@@ -100,7 +100,7 @@ void TakesASnapshot(Attempt& attempt) {
     const bool isTaken =
         attempt.Call([&] { return TEVSystemDiagnostics::TakePropertiesSnapshot(snapshot); });
     EXPECT_EQ(snapshot != nullptr, attempt.Succeeded(isTaken));
-    EXPECT_TRUE(snapshot == nullptr || snapshot->user == OpenStore::User());
+    EXPECT_TRUE(snapshot == nullptr || snapshot->user.at("u") == "2");
 }
 
 void Compares(Attempt& attempt) {

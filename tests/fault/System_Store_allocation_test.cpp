@@ -90,6 +90,8 @@ void Saves(Attempt& attempt) {
 // An object with tables of its own.
 struct OtherStore : Store {
     OtherStore() = default;
+    Table& System() { return getProperties(); }
+    Table& User() { return getUserProperties(); }
 };
 
 const AllocatingFunctions uses{
@@ -133,13 +135,13 @@ const IdleFunctions accesses{
      }},
     {"TEVSystemProperties::getProperties()", "",
      [](Attempt& attempt) {
-         const LoadedStore store;
-         Finds(attempt, std::size_t{3}, [] { return OpenStore::System().size(); });
+         OtherStore other;
+         Finds(attempt, std::size_t{0}, [&] { return other.System().size(); });
      }},
     {"TEVSystemProperties::getUserProperties()", "",
      [](Attempt& attempt) {
-         const LoadedStore store;
-         Finds(attempt, std::size_t{3}, [] { return OpenStore::User().size(); });
+         OtherStore other;
+         Finds(attempt, std::size_t{0}, [&] { return other.User().size(); });
      }},
     {"TEVSystemProperties::operator=(TEVSystemProperties const&)", "",
      [](Attempt& attempt) {

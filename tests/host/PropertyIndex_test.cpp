@@ -63,6 +63,18 @@ TEST(PropertyIndex, StaysClosedUntilItIsOpened) {
     EXPECT_FALSE(index.IsOpen());
 }
 
+TEST(PropertyIndex, ClosedForGoodItIsNotOpenedAgain) {
+    Properties system{{"a", "1"}};
+    Properties user;
+    PropertyIndex index;
+    index.Open({system, user});
+    index.CloseForGood();
+    EXPECT_FALSE(index.IsOpen());
+    index.Open({system, user});
+    index.Put(*system.begin());
+    EXPECT_FALSE(index.IsOpen());
+}
+
 TEST(PropertyIndex, OpenedAgainItKnowsNothingOfBefore) {
     Properties first{{"a", "1"}, {"b", "2"}};
     Properties second{{"b", "3"}};

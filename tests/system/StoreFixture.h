@@ -1,10 +1,12 @@
 #pragma once
 
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <map>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,11 +22,20 @@ using Table = std::map<std::string, std::string>;
 constexpr char kSystemFile[] = "tev.system.properties";
 constexpr char kUserFile[] = "tev.user.properties";
 
-// The store's protected side.
+// The store seen from inside. The tables are copies: whoever asks for the store's own takes its
+// index away, which the program test_tables does.
 struct OpenStore : Store {
     static const Store* Instance() { return &get(); }
-    static Table& System() { return (get().*(&OpenStore::getProperties))(); }
-    static Table& User() { return (get().*(&OpenStore::getUserProperties))(); }
+    static Table System() { return Taken()->system; }
+    static Table User() { return Taken()->user; }
+
+ private:
+    static TAMO::TEV::System::TEVSystemDiagnostics::Snapshot Taken() {
+        TAMO::TEV::System::TEVSystemDiagnostics::Snapshot snapshot;
+        if (!TAMO::TEV::System::TEVSystemDiagnostics::TakePropertiesSnapshot(snapshot))
+            throw std::bad_alloc();
+        return snapshot;
+    }
 };
 
 // Makes a folder the current one; puts the old one back at the end of the scope.

@@ -136,18 +136,6 @@ TEST_F(GetProperty, EnvironmentValueIsCachedUnderTheKeyAsAsked) {
     EXPECT_THAT(OpenStore::System(), Not(Contains(Key("TEV_TEST_X"))));
 }
 
-TEST_F(GetProperty, ValuePointsIntoTheTables) {
-    const Variable variable("TEV_TEST_X", "environment");
-    Load("a=system\n", "b=user\n");
-    const char* value = nullptr;
-    ASSERT_TRUE(Store::GetProperty("a", value));
-    EXPECT_EQ(value, OpenStore::System().at("a").c_str());
-    ASSERT_TRUE(Store::GetProperty("b", value));
-    EXPECT_EQ(value, OpenStore::User().at("b").c_str());
-    ASSERT_TRUE(Store::GetProperty("TEV_TEST_X", value));
-    EXPECT_EQ(value, OpenStore::System().at("TEV_TEST_X").c_str());
-}
-
 TEST_F(GetProperty, ValueStaysValidWhileOtherEntriesChange) {
     const Variable variable("TEV_TEST_X", "environment");
     Load("a=system\nc=other\n", "b=user\n");
@@ -225,7 +213,6 @@ TEST_F(Instance, IsTheSameOnEveryCall) {
     const Store* const first = OpenStore::Instance();
     Load("a=1\n");
     EXPECT_EQ(OpenStore::Instance(), first);
-    EXPECT_NE(&OpenStore::System(), &OpenStore::User());
 }
 
 TEST_F(Instance, OnlyTheClassItselfMakesAndDestroysIt) {

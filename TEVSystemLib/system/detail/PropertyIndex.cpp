@@ -14,12 +14,17 @@ std::size_t HashOf(std::string_view key) { return std::hash<std::string_view>()(
 
 void PropertyIndex::Open(PropertyTables tables) noexcept {
     Close();
-    Util::detail::OrNothing([&] { Build(tables); });
+    if (!isForGood_) Util::detail::OrNothing([&] { Build(tables); });
 }
 
 void PropertyIndex::Close() noexcept {
     slots_.clear();
     taken_ = 0;
+}
+
+void PropertyIndex::CloseForGood() noexcept {
+    Close();
+    isForGood_ = true;
 }
 
 void PropertyIndex::Build(PropertyTables tables) {

@@ -18,6 +18,8 @@ class PropertyIndex {
     // Of all entries; those of the user table hide those of the system table.
     void Open(PropertyTables tables) noexcept;
     void Close() noexcept;
+    // It cannot be opened again: somebody else may change the tables.
+    void CloseForGood() noexcept;
     bool IsOpen() const { return !slots_.empty(); }
 
     // Null when no table has the key. Of an open index only.
@@ -41,6 +43,7 @@ class PropertyIndex {
     // A power of two, of which less than half are taken; none when closed.
     std::vector<Slot> slots_;
     std::size_t taken_ = 0;
+    bool isForGood_ = false;
 };
 
 }  // namespace TAMO::TEV::System::detail

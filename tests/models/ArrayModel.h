@@ -5,6 +5,7 @@
 #include <oleauto.h>
 
 #include <cstddef>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>

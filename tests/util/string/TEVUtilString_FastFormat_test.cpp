@@ -105,7 +105,7 @@ TEST(ToString, JustifiedDoublesAsAStreamWritesThem) {
 
 TEST(ToString, JustifiedEdgesAsAStreamWritesThem) {
     ForEachEdgeDouble([](double value) {
-        for (const std::uint64_t precision : {0, 1, 20, 63, 64, 65, 400}) {
+        for (const std::uint64_t precision : {0U, 1U, 20U, 63U, 64U, 65U, 400U}) {
             ForEachJustification(
                 {0, 1, precision, precision + 1, precision + 2, precision + 3, precision + 4,
                  precision + 30, 800},

@@ -48,7 +48,7 @@ void ExpectSetAsOneByOne() {
     using Number = typename Kind::Number;
     ForRandomSizes(1, [](RandomArrays& random, std::size_t size) {
         std::vector<Number> numbers = RandomNumbers<Number>(random, size);
-        numbers.reserve(1);
+        numbers.reserve(1);  // none are no null pointer
         Variant variant;
         ASSERT_EQ(Kind::Set(numbers.data(), size, variant.Out()), size > 0);
         if (size == 0) return;

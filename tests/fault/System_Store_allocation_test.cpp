@@ -53,11 +53,9 @@ void LooksUpAVariable(Attempt& attempt) {
     EXPECT_EQ(LoadedStore::Get(kVariable), kValue) << "not cached";
 }
 
-void ReadsASwitch(Attempt& attempt) {
-    const LoadedStore store;
-    Store::SetUserProperty(kKey, "on");
+void ReadsASwitch(Attempt& attempt, const char* key) {
     bool isOn = false;
-    const bool isRead = attempt.Call([&] { return Store::GetPropertyAsBool(isOn, kKey); });
+    const bool isRead = attempt.Call([&] { return Store::GetPropertyAsBool(isOn, key); });
     EXPECT_EQ(isOn, attempt.Succeeded(isRead));
 }
 
@@ -95,14 +93,13 @@ struct OtherStore : Store {
 };
 
 const AllocatingFunctions uses{
-    {"TEVSystemProperties::GetProperty(char const*, char const*&)", "user property",
+    {"TEVSystemProperties::GetProperty(char const*, char const*&)", "variable", LooksUpAVariable},
+    {"TEVSystemProperties::GetPropertyAsBool(bool&, char const*)", "variable",
      [](Attempt& attempt) {
          const LoadedStore store;
-         Store::SetUserProperty(kKey, kValue);
-         LooksUp(attempt, kKey, kValue);
+         const Variable variable(kVariable, "on");
+         ReadsASwitch(attempt, kVariable);
      }},
-    {"TEVSystemProperties::GetProperty(char const*, char const*&)", "variable", LooksUpAVariable},
-    {"TEVSystemProperties::GetPropertyAsBool(bool&, char const*)", "", ReadsASwitch},
     {"TEVSystemProperties::SetUserProperty(char const*, char const*)", "new",
      [](Attempt& attempt) {
          const LoadedStore store;
@@ -123,10 +120,17 @@ const AllocatingFunctions uses{
 };
 
 const IdleFunctions accesses{
-    {"TEVSystemProperties::GetProperty(char const*, char const*&)", "short key",
+    {"TEVSystemProperties::GetProperty(char const*, char const*&)", "of a table",
      [](Attempt& attempt) {
          const LoadedStore store;
-         LooksUp(attempt, "u", "2");
+         Store::SetUserProperty(kKey, kValue);
+         LooksUp(attempt, kKey, kValue);
+     }},
+    {"TEVSystemProperties::GetPropertyAsBool(bool&, char const*)", "of a table",
+     [](Attempt& attempt) {
+         const LoadedStore store;
+         Store::SetUserProperty(kKey, "on");
+         ReadsASwitch(attempt, kKey);
      }},
     {"TEVSystemProperties::get()", "already created",
      [](Attempt& attempt) {

@@ -88,12 +88,27 @@ std::optional<double> RealModel(const std::string& text) {
     return isInRange && *end == '\0' ? std::optional(value) : std::nullopt;
 }
 
-void CheckReal(std::string_view view, const std::string& text) {
+// Of few digits and without an exponent, and up to a NUL.
+std::optional<double> PlainRealModel(const std::string& text) {
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const auto digits = std::count_if(text.begin(), text.end(), isDigit);
+    const bool isPlain = digits <= std::numeric_limits<double>::digits10 &&
+                         text.find_first_of("eE") == std::string::npos;
+    return isPlain ? RealModel(text) : std::nullopt;
+}
+
+template <typename Read>
+void CheckReal(Read read, const std::optional<double>& expected, const char* what) {
     double value = 77;
-    const bool isRead = ReadReal(view, value);
-    const std::optional<double> expected = RealModel(text);
-    ExpectSame(isRead, expected.has_value(), "a number from end to end");
+    ExpectSame(read(value), expected.has_value(), what);
     tev::fuzz::Expect(value == expected.value_or(77), "its value, or nothing stored");
+}
+
+void CheckReals(std::string_view view, const std::string& text) {
+    CheckReal([&](double& value) { return ReadReal(view, value); }, RealModel(text),
+              "a number from end to end");
+    CheckReal([&](double& value) { return ReadPlainReal(text.c_str(), value); },
+              PlainRealModel(text.c_str()), "a plain number");
 }
 
 }  // namespace
@@ -110,7 +125,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckInteger<int>(exact.View(), text, Sign::PlusOnly, "+");
     CheckInteger<std::int64_t>(exact.View(), text, Sign::PlusOrMinus, "+-");
     CheckInteger<std::uint64_t>(exact.View(), text, Sign::PlusOnly, "+");
-    CheckReal(exact.View(), text);
+    CheckReals(exact.View(), text);
     const IndexTexts indices = SplitIndices(exact.View());
     ExpectSame(Halves(indices.first, indices.second), HalvesModel(text), "an index pair");
     return 0;

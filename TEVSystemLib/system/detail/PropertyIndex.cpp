@@ -41,14 +41,16 @@ const PropertyIndex::Entry* PropertyIndex::Find(std::string_view key) const {
 
 void PropertyIndex::Put(const Entry& entry) noexcept {
     if (!IsOpen()) return;
-    const bool hasRoom = 2 * (taken_ + 1) < slots_.size() || Util::detail::OrNothing([this] {
-                             Grow();
-                             return true;
-                         });
-    if (hasRoom)
-        Fill({HashOf(entry.first), &entry});
-    else
-        Close();
+    const bool needsRoom = Find(entry.first) == nullptr && 2 * (taken_ + 1) >= slots_.size();
+    if (needsRoom && !TryGrow()) return Close();
+    Fill({HashOf(entry.first), &entry});
+}
+
+bool PropertyIndex::TryGrow() noexcept {
+    return Util::detail::OrNothing([this] {
+        Grow();
+        return true;
+    });
 }
 
 void PropertyIndex::Grow() {

@@ -36,6 +36,8 @@ class PropertyIndex {
 
     void Build(PropertyTables tables);
     void Grow();
+    // False, with nothing changed, when memory is exhausted.
+    bool TryGrow() noexcept;
     // Where the slot of the key is, or the free one for it.
     std::size_t PlaceOf(std::string_view key, std::size_t hash) const;
     void Fill(const Slot& filled);

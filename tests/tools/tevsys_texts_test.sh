@@ -79,23 +79,31 @@ exits 0; says 'note: no tev.system.properties was found'; says_one_line
 
 # colours on a terminal only, and not against NO_COLOR
 on_terminal() {
-    subject='tevsys explain a.both on a terminal' code=0
-    env TERM=xterm "$@" script -qec "$(printf '%q ' "$root/scripts/wine.sh" "$tevsys" explain a.both)" \
+    subject="tevsys $* on a terminal" code=0
+    TERM=xterm script -qec "$(printf '%q ' "$root/scripts/wine.sh" "$tevsys" "$@")" \
         /dev/null </dev/null >terminal || code=$?
     # Wine's console hides the cursor around each character.
     sed 's/\x1b\[?25[lh]//g' terminal >out
 }
 shows_colour() { grep -q $'\x1b\\[[0-9;]*[1-9]m' out; }
-on_terminal
+on_terminal explain a.both
 exits 0
 holds 'shows colours' shows_colour
-on_terminal NO_COLOR=1
+NO_COLOR=1 on_terminal explain a.both
 exits 0
 holds 'has a text' grep -q a.both out
 holds 'shows no colours' eval '! shows_colour'
 tevsys explain a.both
 exits 0
 holds 'shows no colours' lacks $'\x1b'
+# control bytes are not for a terminal to obey
+printf 'bell = \a\033[31mred\n' >hidden/tev.system.properties
+TEV_SYS_CONFIG_DIR=$place\\hidden on_terminal get bell
+exits 0
+holds 'shows question marks' grep -qF '??[31mred' out
+holds 'has no bell' lacks $'\a'
+TEV_SYS_CONFIG_DIR=$place\\hidden tevsys get bell
+exits 0; prints $'\a\033[31mred\n'
 # the terminal is given back as it was
 holds 'leaves the code page' env TERM=xterm script -qec "$(printf '%q ' "$root/scripts/wine.sh" \
     "$tevsys" run -- cmd /c chcp)" terminal </dev/null

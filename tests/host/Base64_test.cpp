@@ -10,6 +10,7 @@
 
 namespace {
 
+using TAMO::TEV::System::Util::detail::Base64DecodedCapacity;
 using TAMO::TEV::System::Util::detail::Base64EncodedSize;
 using tev::test::Decoded;
 using tev::test::Encoded;
@@ -103,6 +104,13 @@ TEST(Base64EncodedSize, RefusesWhatNoBufferHolds) {
             EXPECT_STREQ(error.what(), "too many bytes to encode");
         }
     }
+}
+
+TEST(Base64DecodedCapacity, IsThatOfThreeBytesForFourCharacters) {
+    const struct {
+        std::size_t characters, bytes;
+    } rows[] = {{0, 0}, {1, 1}, {3, 3}, {4, 3}, {7, 6}, {8, 6}, {400, 300}};
+    for (const auto& row : rows) EXPECT_EQ(Base64DecodedCapacity(row.characters), row.bytes);
 }
 
 }  // namespace

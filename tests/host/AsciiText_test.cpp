@@ -96,6 +96,16 @@ TEST(CompareIgnoringCase, SmallLettersThenLength) {
     }
 }
 
+TEST(CompareIgnoringCase, OfTextsUpToTheirTerminators) {
+    for (const auto& row : kComparisons) {
+        const std::string first(row.first);
+        const std::string second(row.second);
+        if ((first + second).find('\0') != std::string::npos) continue;
+        EXPECT_EQ(detail::CompareIgnoringCase(first.c_str(), second.c_str()), row.orderIgnoringCase)
+            << first << ' ' << second;
+    }
+}
+
 TEST(EqualsIgnoringCase, AgreesWithCompareIgnoringCase) {
     for (const auto& row : kComparisons)
         EXPECT_EQ(detail::EqualsIgnoringCase(row.first, row.second), row.orderIgnoringCase == 0)

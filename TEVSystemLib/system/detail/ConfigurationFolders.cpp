@@ -23,14 +23,18 @@ Folder FromApplicationData() {
     return *folder + "\\Tamo\\";
 }
 
+// The folder when it holds the file.
+Folder IfItHolds(const char* fileName, Folder folder) {
+    if (!folder) return std::nullopt;
+    const std::string file = *folder + fileName;
+    if (!Util::TEVIO::exists(file)) return std::nullopt;
+    return folder;
+}
+
 // The candidate's folder when it holds the file; nothing when it does not or cannot be examined.
 template <typename Candidate>
 Folder Holding(const char* fileName, Candidate candidate) noexcept {
-    return Util::detail::OrNothing([&]() -> Folder {
-        Folder folder = candidate();
-        if (!folder || !Util::TEVIO::exists(*folder + fileName)) return std::nullopt;
-        return folder;
-    });
+    return Util::detail::OrNothing([&] { return IfItHolds(fileName, candidate()); });
 }
 
 // The first candidate that holds the file; empty when none does.

@@ -167,7 +167,8 @@ std::wstring detail::WidePath(const std::string& path) {
     const std::unique_ptr<wchar_t, void (*)(void*)> wide(
         CPLRecodeToWChar(path.c_str(), CPL_ENC_UTF8, CPL_ENC_UCS2), VSIFree);
     // No file has the empty name.
-    return wide != nullptr ? std::wstring(wide.get()) : std::wstring();
+    if (wide == nullptr) return {};
+    return wide.get();
 }
 
 std::string TEVIO::getFilePath() try { return state_->path; } catch (...) {

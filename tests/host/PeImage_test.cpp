@@ -272,13 +272,11 @@ TEST(ReadPeImage, AddressesLieInTheHeaderOrInASection) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(ReadPeImage(fileWithNameAt(row.name)).flaw, row.flaw) << row.name;
-    std::string named = fileWithNameAt(0x10);
-    named.replace(0x10, 9, "head.dll", 9);
-    EXPECT_EQ(ReadPeImage(named).imports.at(0).name, "head.dll");
-    EXPECT_EQ(ReadPeImage(Patched(fileWithNameAt(0x10), kHeaderSizePlace, 0x11)).flaw,
-              PeFlaw::None);
-    EXPECT_EQ(ReadPeImage(Patched(fileWithNameAt(0x10), kHeaderSizePlace, 0x10)).flaw,
-              PeFlaw::Damaged);
+    const std::string inHeader = fileWithNameAt(0x10);
+    EXPECT_EQ(ReadPeImage(std::string(inHeader).replace(0x10, 9, "head.dll", 9)).imports.at(0).name,
+              "head.dll");
+    EXPECT_EQ(ReadPeImage(Patched(inHeader, kHeaderSizePlace, 0x11)).flaw, PeFlaw::None);
+    EXPECT_EQ(ReadPeImage(Patched(inHeader, kHeaderSizePlace, 0x10)).flaw, PeFlaw::Damaged);
 }
 
 TEST(ReadPeImage, SectionsStandBehindEachOther) {

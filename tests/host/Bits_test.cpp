@@ -31,7 +31,6 @@ using tev::test::Unsigned;
 
 constexpr std::int64_t kInputs = 1'000'000;
 constexpr std::size_t kMaxBytes = 8;
-constexpr std::size_t kBitsPerByte = 8;
 
 TEST(UnsignedFromBytes, FirstByteIsTheMostSignificant) {
     EXPECT_EQ(UnsignedFromBytes(""), 0U);

@@ -14,7 +14,9 @@ namespace tev::test {
 // are to spend their time on what they compare.
 class Random {
  public:
-    explicit Random(unsigned seed) : engine_(seed) { testing::Test::RecordProperty("seed", seed); }
+    explicit Random(unsigned seed) : engine_(seed) {
+        testing::Test::RecordProperty("seed", std::to_string(seed));
+    }
 
     std::uint64_t Bits() { return engine_(); }
     // `end` is at most 32 bits long.

@@ -33,6 +33,16 @@ struct Fault {
     Mode mode;
 };
 
+// Calls `use` under the fault; gives whether an allocation was refused.
+template <typename Use>
+bool IsRefused(const Fault& fault, Use use) {
+    const std::ptrdiff_t before = Now().refused;
+    FailAllocation(fault.n, fault.mode);
+    use();
+    StopFailing();
+    return Now().refused != before;
+}
+
 // One run of a row: one Call, one verdict.
 class Attempt {
  public:

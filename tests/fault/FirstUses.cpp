@@ -19,16 +19,6 @@ using TAMO::TEV::System::Util::TEVUtilWindows;
 using test::OpenStore;
 using test::Store;
 
-// Calls `use` under the fault; gives whether an allocation was refused.
-template <typename Use>
-bool IsRefused(const Fault& fault, Use use) {
-    const std::ptrdiff_t before = Now().refused;
-    FailAllocation(fault.n, fault.mode);
-    use();
-    StopFailing();
-    return Now().refused != before;
-}
-
 std::string Told(const Fault& fault) {
     return "allocation " + std::to_string(fault.n) + " fails" +
            (fault.mode == Mode::Once ? "" : " and all that follow");

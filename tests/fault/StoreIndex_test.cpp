@@ -10,22 +10,12 @@
 
 namespace {
 
-using tev::fault::FailAllocation;
+using tev::fault::IsRefused;
 using tev::fault::Mode;
 using tev::test::OpenStore;
 using tev::test::Store;
 using tev::test::StoreFixture;
 using tev::test::Table;
-
-// Makes the n-th allocation of `use` fail; gives whether one did.
-template <typename Use>
-bool IsRefused(std::ptrdiff_t n, Mode mode, Use use) {
-    const std::ptrdiff_t before = tev::fault::Now().refused;
-    FailAllocation(n, mode);
-    use();
-    tev::fault::StopFailing();
-    return tev::fault::Now().refused != before;
-}
 
 class StoreIndex : public StoreFixture {
  protected:
@@ -40,7 +30,7 @@ class StoreIndex : public StoreFixture {
 TEST_F(StoreIndex, LookupsDoNotDependOnWhatFailedInALoad) {
     Load("a = system\nb = system\n", "b = user\nc = user\n");
     for (const Mode mode : {Mode::FromThenOn, Mode::Once}) {
-        for (std::ptrdiff_t n = 0; IsRefused(n, mode, Store::InitializeProperties); ++n) {
+        for (std::ptrdiff_t n = 0; IsRefused({n, mode}, Store::InitializeProperties); ++n) {
             SCOPED_TRACE(n);
             ExpectWhatTheTablesHold();
         }
@@ -53,7 +43,7 @@ TEST_F(StoreIndex, NorOnWhatFailedInSetting) {
             Load("a = system\n", "b = user\n");
             for (int i = 0; i < 20; ++i) {
                 const std::string key = "key " + std::to_string(i);
-                IsRefused(n, mode, [&] { Store::SetUserProperty(key.c_str(), "value"); });
+                IsRefused({n, mode}, [&] { Store::SetUserProperty(key.c_str(), "value"); });
             }
             SCOPED_TRACE(n);
             ExpectWhatTheTablesHold();

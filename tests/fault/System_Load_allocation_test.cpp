@@ -186,11 +186,7 @@ std::ptrdiff_t ForEachFault(Mode mode, Use use, Check check) {
     for (std::ptrdiff_t n = 0;; ++n) {
         SCOPED_TRACE(testing::Message() << "allocation " << n << " fails"
                                         << (mode == Mode::Once ? "" : " and all that follow"));
-        const std::ptrdiff_t before = Now().refused;
-        FailAllocation(n, mode);
-        use();
-        StopFailing();
-        if (Now().refused == before) return n;
+        if (!IsRefused({n, mode}, use)) return n;
         check();
     }
 }

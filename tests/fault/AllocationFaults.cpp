@@ -13,11 +13,12 @@ namespace {
 constexpr std::ptrdiff_t kTooMany = 100000;
 
 // Runs the row once and checks that nothing is left of it; gives whether a fault reached it.
-bool Try(const AllocationRow& row, std::optional<Fault> fault, std::ptrdiff_t* allocations) {
+bool Try(const AllocationRow& row, const void* ready, std::optional<Fault> fault,
+         std::ptrdiff_t* allocations) {
     const Counters before = Now();
     bool isFaulted = false;
     {
-        Attempt attempt(fault);
+        Attempt attempt(fault, ready);
         row.run(attempt);
         attempt.ExpectComplete();
         isFaulted = attempt.IsFaulted();
@@ -29,24 +30,24 @@ bool Try(const AllocationRow& row, std::optional<Fault> fault, std::ptrdiff_t* a
     return isFaulted;
 }
 
-void ExpectAllFaultsBorne(const AllocationRow& row, Mode mode) {
+void ExpectAllFaultsBorne(const AllocationRow& row, const void* ready, Mode mode) {
     std::ptrdiff_t allocations = 0;
     for (std::ptrdiff_t n = 0; !testing::Test::HasFailure(); ++n) {
         ASSERT_LT(n, kTooMany) << "the faults never end";
         SCOPED_TRACE(testing::Message() << "allocation " << n << " fails"
                                         << (mode == Mode::Once ? "" : " and all that follow"));
-        if (!Try(row, Fault{n, mode}, &allocations)) {
+        if (!Try(row, ready, Fault{n, mode}, &allocations)) {
             EXPECT_GT(n, 0) << "nothing was allocated: a row for IdleFunctions";
             return;
         }
         SCOPED_TRACE("after it, with enough memory");
-        Try(row, std::nullopt, &allocations);
+        Try(row, ready, std::nullopt, &allocations);
     }
 }
 
 void ExpectNoAllocation(const AllocationRow& row) {
     std::ptrdiff_t allocations = 0;
-    Try(row, Fault{0, Mode::FromThenOn}, &allocations);
+    Try(row, nullptr, Fault{0, Mode::FromThenOn}, &allocations);
     EXPECT_EQ(allocations, 0);
 }
 
@@ -57,8 +58,9 @@ class RowTest : public testing::Test {
     void TestBody() override {
         SCOPED_TRACE(row_.function);
         if (effect_ == Effect::Idle) return ExpectNoAllocation(row_);
-        ExpectAllFaultsBorne(row_, Mode::Once);
-        ExpectAllFaultsBorne(row_, Mode::FromThenOn);
+        const std::shared_ptr<const void> ready = row_.prepare ? row_.prepare() : nullptr;
+        ExpectAllFaultsBorne(row_, ready.get(), Mode::Once);
+        ExpectAllFaultsBorne(row_, ready.get(), Mode::FromThenOn);
     }
 
  private:

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <exception>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -46,9 +47,16 @@ bool IsRefused(const Fault& fault, Use use) {
 // One run of a row: one Call, one verdict.
 class Attempt {
  public:
-    explicit Attempt(std::optional<Fault> fault) : fault_(fault) {}
+    explicit Attempt(std::optional<Fault> fault, const void* ready = nullptr)
+        : fault_(fault), ready_(ready) {}
     Attempt(const Attempt&) = delete;
     Attempt& operator=(const Attempt&) = delete;
+
+    // What the row prepared.
+    template <typename Prepared>
+    const Prepared& Ready() const {
+        return *static_cast<const Prepared*>(ready_);
+    }
 
     // Makes the call of the library, and nothing beside it, under the fault: convert arguments
     // before. What leaves it is caught; the result is then a default one.
@@ -106,6 +114,7 @@ class Attempt {
     void End();
 
     std::optional<Fault> fault_;
+    const void* ready_;
     int calls_ = 0;
     int verdicts_ = 0;
     std::ptrdiff_t allocations_ = 0;
@@ -121,7 +130,14 @@ struct AllocationRow {
     // What sets the row apart from others of the function; may be empty.
     const char* path;
     void (*run)(Attempt&);
+    // What all runs of the row share because making it takes long; a run must leave it as it is.
+    std::shared_ptr<const void> (*prepare)() = nullptr;
 };
+
+template <typename Prepared>
+std::shared_ptr<const void> Prepare() {
+    return std::make_shared<const Prepared>();
+}
 
 // Functions that allocate: at least one fault must reach each row.
 struct AllocatingFunctions {

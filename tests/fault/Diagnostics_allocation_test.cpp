@@ -12,17 +12,23 @@ namespace {
 using TAMO::TEV::System::TEVSystemDiagnostics;
 using tev::fault::AllocatingFunctions;
 using tev::fault::Attempt;
+using tev::fault::Prepare;
 
 using Explanation = TEVSystemDiagnostics::LoadExplanation;
 
-void ExplainsAFailure(Attempt& attempt) {
+struct NeedyModule {
     const tev::test::Folder folder;
-    const std::string needy = tev::test::CopyModule(folder, "tevneedy");
-    const char* directories[] = {folder.Path().c_str()};
+    const std::string path = tev::test::CopyModule(folder, "tevneedy");
+};
+
+void ExplainsAFailure(Attempt& attempt) {
+    const NeedyModule& needy = attempt.Ready<NeedyModule>();
+    const char* directories[] = {needy.folder.Path().c_str()};
     Explanation explanation;
     explanation.cause = "before";
     const bool explained = attempt.Call([&] {
-        return TEVSystemDiagnostics::ExplainLoadFailure(needy.c_str(), directories, 1, explanation);
+        return TEVSystemDiagnostics::ExplainLoadFailure(needy.path.c_str(), directories, 1,
+                                                        explanation);
     });
     const bool succeeded = attempt.Succeeded(explained);
     EXPECT_EQ(explanation.culprit, succeeded ? "tevneeded.dll" : "");
@@ -32,7 +38,7 @@ void ExplainsAFailure(Attempt& attempt) {
 const AllocatingFunctions functions{
     {"TEVSystemDiagnostics::ExplainLoadFailure(char const*, char const**, unsigned long long, "
      "TEVSystemDiagnostics::LoadExplanation&)",
-     "", ExplainsAFailure},
+     "", ExplainsAFailure, Prepare<NeedyModule>},
 };
 
 }  // namespace

@@ -53,7 +53,6 @@ void Fills(Attempt& attempt, Fill fill) {
 }
 
 void ExplainsOne(Attempt& attempt) {
-    const LoadedStore store;
     TEVSystemDiagnostics::Explanation explanation;
     attempt.MaySucceedDespiteFault(kPassedOver);
     const bool isMade = attempt.Call(
@@ -63,7 +62,6 @@ void ExplainsOne(Attempt& attempt) {
 }
 
 void ExplainsAll(Attempt& attempt) {
-    const LoadedStore store;
     Fills<std::vector<TEVSystemDiagnostics::Explanation>>(
         attempt, [](auto& list) { return TEVSystemDiagnostics::ExplainProperties(list); });
 }
@@ -75,27 +73,32 @@ void Checks(Attempt& attempt, const std::string& path, TEVSystemDiagnostics::Fil
 }
 
 void ChecksTheSystemFile(Attempt& attempt) {
-    const LoadedStore store;
-    Checks(attempt, store.SystemPath(), TEVSystemDiagnostics::FileRole::System);
+    Checks(attempt, attempt.Ready<LoadedStore>().SystemPath(),
+           TEVSystemDiagnostics::FileRole::System);
 }
 
 // A value that is not put right, a key with a known one near it and one without.
-void ChecksAUserFile(Attempt& attempt) {
-    const LoadedStore store("");
-    const tev::test::Folder folder;
-    const std::string path = folder.Write(
+class CheckedUserFile : public LoadedStore {
+ public:
+    CheckedUserFile() : LoadedStore("") {}
+    const std::string& Path() const { return path_; }
+
+ private:
+    const tev::test::Folder folder_;
+    const std::string path_ = folder_.Write(
         "checked", "tev.log.level = loud\ntev.lgo.level = x\ntev.quite.another.thing = x\n");
-    Checks(attempt, path, TEVSystemDiagnostics::FileRole::User);
+};
+
+void ChecksAUserFile(Attempt& attempt) {
+    Checks(attempt, attempt.Ready<CheckedUserFile>().Path(), TEVSystemDiagnostics::FileRole::User);
 }
 
 void Plans(Attempt& attempt) {
-    const LoadedStore store;
     Fills<std::vector<TEVSystemDiagnostics::DirectiveStep>>(
         attempt, [](auto& list) { return TEVSystemDiagnostics::PlanEnvironmentDirectives(list); });
 }
 
 void TakesASnapshot(Attempt& attempt) {
-    const LoadedStore store;
     TEVSystemDiagnostics::Snapshot snapshot;
     const bool isTaken =
         attempt.Call([&] { return TEVSystemDiagnostics::TakePropertiesSnapshot(snapshot); });
@@ -131,27 +134,27 @@ void Saves(Attempt& attempt) {
 const AllocatingFunctions diagnoses{
     {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
      "std::vector<TEVSystemDiagnostics::Finding>&)",
-     "system", ChecksTheSystemFile},
+     "system", ChecksTheSystemFile, Prepare<LoadedStore>},
     {"TEVSystemDiagnostics::CheckPropertiesFile(char const*, TEVSystemDiagnostics::FileRole, "
      "std::vector<TEVSystemDiagnostics::Finding>&)",
-     "user", ChecksAUserFile},
+     "user", ChecksAUserFile, Prepare<CheckedUserFile>},
     {"TEVSystemDiagnostics::CompareSnapshots(std::shared_ptr<TEVSystemDiagnostics::Tables const> "
      "const&, std::shared_ptr<TEVSystemDiagnostics::Tables const> const&, "
      "std::vector<TEVSystemDiagnostics::Change>&)",
      "", Compares},
     {"TEVSystemDiagnostics::ExplainProperties(std::vector<TEVSystemDiagnostics::Explanation>&)", "",
-     ExplainsAll},
+     ExplainsAll, Prepare<LoadedStore>},
     {"TEVSystemDiagnostics::ExplainProperty(char const*, TEVSystemDiagnostics::Explanation&)", "",
-     ExplainsOne},
+     ExplainsOne, Prepare<LoadedStore>},
     {"TEVSystemDiagnostics::PlanEnvironmentDirectives("
      "std::vector<TEVSystemDiagnostics::DirectiveStep>&)",
-     "", Plans},
+     "", Plans, Prepare<LoadedStore>},
     {"TEVSystemDiagnostics::SaveUserPropertiesPreserving("
      "std::vector<TEVSystemDiagnostics::Change>*)",
      "", Saves},
     {"TEVSystemDiagnostics::TakePropertiesSnapshot("
      "std::shared_ptr<TEVSystemDiagnostics::Tables const>&)",
-     "", TakesASnapshot},
+     "", TakesASnapshot, Prepare<LoadedStore>},
 };
 
 }  // namespace

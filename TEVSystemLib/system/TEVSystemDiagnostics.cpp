@@ -24,7 +24,7 @@ using Diagnostics = TEVSystemDiagnostics;
 // Values are set in the ANSI code page, and read in the C locale.
 std::optional<std::string> ReadBack(const std::string& value) {
     const std::wstring wide = Util::detail::FromAnsi(value);
-    const auto text = Util::detail::ToLocaleIfPossible(wide.c_str());
+    const auto text = Util::detail::ToLocaleIfPossible(wide);
     if (!text) return std::nullopt;
     return text.get();
 }

@@ -88,12 +88,22 @@ std::optional<double> RealModel(const std::string& text) {
     return isInRange && *end == '\0' ? std::optional(value) : std::nullopt;
 }
 
-// Of few digits and without an exponent, and up to a NUL.
+std::ptrdiff_t CountDigits(const std::string& text) {
+    return std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// Of few digits in front of the exponent and in it, and of a scale that is not too large.
 std::optional<double> PlainRealModel(const std::string& text) {
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    const auto digits = std::count_if(text.begin(), text.end(), isDigit);
-    const bool isPlain = digits <= std::numeric_limits<double>::digits10 &&
-                         text.find_first_of("eE") == std::string::npos;
+    const std::size_t marker = std::min(text.find_first_of("eE"), text.size());
+    const std::string exponent = text.substr(marker);
+    const std::string mantissa = text.substr(0, marker);
+    const std::size_t point = mantissa.find('.');
+    if (CountDigits(mantissa) > std::numeric_limits<std::uint64_t>::digits10 ||
+        CountDigits(exponent) > 4)
+        return std::nullopt;
+    const auto decimals = point == std::string::npos ? 0 : mantissa.size() - point - 1;
+    const long power = exponent.empty() ? 0 : std::strtol(exponent.c_str() + 1, nullptr, 10);
+    const bool isPlain = std::labs(power - static_cast<long>(decimals)) <= 27;
     return isPlain ? RealModel(text) : std::nullopt;
 }
 

@@ -63,8 +63,7 @@ void TEVUtilFile::GetFilesInDirWithGivenExt(char**& files, const char* const dir
                  ending.front() == '.' ? std::string(ending) : "." + std::string(ending));
         if (paths.empty()) return;
         detail::OwnedTexts array(paths.size());
-        for (std::size_t i = 0; i < paths.size(); ++i)
-            array.Set(i, detail::ToLocale(paths[i].c_str()));
+        for (std::size_t i = 0; i < paths.size(); ++i) array.Set(i, detail::ToLocale(paths[i]));
         files = array.release();
         count = paths.size();
     } catch (...) {

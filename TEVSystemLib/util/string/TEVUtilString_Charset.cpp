@@ -86,7 +86,7 @@ bool TEVUtilString::ConvertFromCharToWChar(const char* const text, wchar_t** wid
 void TEVUtilString::ConvertFromWCharToChar(const wchar_t* wide, char** text) try {
     if (text == nullptr) return;
     *text = nullptr;
-    *text = detail::ToLocale(wide).release();
+    *text = detail::ToLocaleWithRoom(detail::OrEmpty(wide)).release();
 } catch (...) {
     detail::RethrowTranslated();
 }

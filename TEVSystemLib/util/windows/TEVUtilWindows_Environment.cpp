@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <cstdlib>
-#include <cwchar>
 #include <map>
 #include <string_view>
 #include <utility>
@@ -39,7 +38,7 @@ struct Variable {
 // By name; the first of those that are named alike.
 std::map<std::string_view, Variable> Variables(const wchar_t* block) {
     std::map<std::string_view, Variable> variables;
-    for (const wchar_t* entry = block; *entry != L'\0'; entry += std::wcslen(entry) + 1) {
+    for (std::wstring_view entry = block; !entry.empty(); entry = entry.data() + entry.size() + 1) {
         detail::OwnedText text = detail::ToLocaleIfPossible(entry);
         if (const auto split = detail::SplitEnvironmentEntry(detail::OrEmpty(text.get())))
             variables.try_emplace(split->name, Variable{std::move(text), split->value});

@@ -14,7 +14,7 @@ namespace {
 // Null when the system has no message, or the C locale lacks a character of it.
 detail::OwnedText MessageInLocale(unsigned long error) {
     const detail::LocalText message = detail::SystemMessage(error);
-    return detail::ToLocaleIfPossible(message.get());
+    return detail::ToLocaleIfPossible(detail::OrEmpty(message.get()));
 }
 
 std::string Explain(unsigned long error) {

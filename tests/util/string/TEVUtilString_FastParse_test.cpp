@@ -142,7 +142,7 @@ class NumberTexts {
     std::string Sign() { return numbers_.Coin() ? "" : numbers_.Coin() ? "-" : "+"; }
     std::string Digits() { return std::to_string(numbers_.Integer()); }
     std::string Exponent() {
-        return std::to_string(numbers_.Below(numbers_.Below(4) == 0 ? 3000 : 320));
+        return std::to_string(numbers_.Below(numbers_.Coin() ? 40 : numbers_.Coin() ? 320 : 3000));
     }
     std::string Damaged(std::string text) {
         if (numbers_.Below(16) == 0)

@@ -1,9 +1,12 @@
 #include "TEVSystemLib/util/string/detail/NumberText.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -57,6 +60,87 @@ std::ptrdiff_t TakeDigits(const char*& at, Unsigned& number) {
     return at - begin;
 }
 
+// Whether a minus sign stands there.
+bool TakeSign(const char*& at) {
+    const bool isNegative = *at == '-';
+    if (isNegative || *at == '+') ++at;
+    return isNegative;
+}
+
+// False when a marker stands there without a number of a few digits behind it.
+bool TakeExponent(const char*& at, int& exponent) {
+    constexpr std::ptrdiff_t kMaxDigits = 4;
+    if (*at != 'e' && *at != 'E') return true;
+    ++at;
+    const bool isNegative = TakeSign(at);
+    unsigned number = 0;
+    const auto digits = TakeDigits(at, number);
+    if (digits == 0 || digits > kMaxDigits) return false;
+    exponent = isNegative ? -static_cast<int>(number) : static_cast<int>(number);
+    return true;
+}
+
+__extension__ typedef unsigned __int128 Wide;
+
+// The powers of ten up to there are doubles, those of five up to there fit 64 bits.
+constexpr int kMaxTen = 22;
+constexpr int kMaxExponent = 27;
+
+template <typename T, int last>
+constexpr std::array<T, last + 1> PowersOf(T base) {
+    std::array<T, last + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * base;
+    return powers;
+}
+
+constexpr auto kTens = PowersOf<double, kMaxTen>(10);
+constexpr auto kFives = PowersOf<std::uint64_t, kMaxExponent>(5);
+
+double PowerOfTwo(int exponent) {
+    constexpr int kBias = std::numeric_limits<double>::max_exponent - 1;
+    constexpr int kMantissaBits = std::numeric_limits<double>::digits - 1;
+    const std::uint64_t bits = static_cast<std::uint64_t>(kBias + exponent) << kMantissaBits;
+    double power = 0;
+    std::memcpy(&power, &bits, sizeof power);
+    return power;
+}
+
+// Such numbers and powers are doubles themselves.
+bool AreDoubles(std::uint64_t number, int exponent) {
+    return number >> std::numeric_limits<double>::digits == 0 && std::abs(exponent) <= kMaxTen;
+}
+
+double ByDouble(double number, int exponent) {
+    return exponent < 0 ? number / kTens[static_cast<std::size_t>(-exponent)]
+                        : number * kTens[static_cast<std::size_t>(exponent)];
+}
+
+double ByPowerOfFive(std::uint64_t number, int exponent) {
+    const Wide product = Wide{number} * kFives[static_cast<std::size_t>(exponent)];
+    return static_cast<double>(product) * PowerOfTwo(exponent);
+}
+
+// Both are shifted up, so that the quotient has more bits than a double; one is for the rest.
+double OverPowerOfFive(std::uint64_t number, int exponent) {
+    constexpr int kBitsLeft = 63;
+    const std::uint64_t power = kFives[static_cast<std::size_t>(exponent)];
+    const int numberShift = __builtin_clzll(number);
+    const int powerShift = __builtin_clzll(power);
+    const Wide dividend = Wide{number << numberShift} << kBitsLeft;
+    const std::uint64_t divisor = power << powerShift;
+    const auto quotient = static_cast<std::uint64_t>(dividend / divisor);
+    const std::uint64_t hasRest = Wide{quotient} * divisor != dividend ? 1 : 0;
+    return static_cast<double>(quotient | hasRest) *
+           PowerOfTwo(powerShift - numberShift - kBitsLeft - exponent);
+}
+
+// Each way rounds once.
+double ByPowerOfTen(std::uint64_t number, int exponent) {
+    if (number == 0) return 0;
+    if (AreDoubles(number, exponent)) return ByDouble(static_cast<double>(number), exponent);
+    return exponent < 0 ? OverPowerOfFive(number, -exponent) : ByPowerOfFive(number, exponent);
+}
+
 // Without the plus sign that a conversion does not know.
 std::string_view WithoutPlus(std::string_view text) {
     if (!text.empty() && text[0] == '+') text.remove_prefix(1);
@@ -93,9 +177,8 @@ bool MayBeReal(std::string_view text) {
 template <typename T>
 bool ReadPlainInteger(const char* text, Sign sign, T& value) {
     if (text == nullptr) return false;
-    const bool isNegative = *text == '-';
-    if (isNegative && sign == Sign::PlusOnly) return false;
-    if (isNegative || *text == '+') ++text;
+    if (*text == '-' && sign == Sign::PlusOnly) return false;
+    const bool isNegative = TakeSign(text);
     std::make_unsigned_t<T> number = 0;
     const auto digits = TakeDigits(text, number);
     if (digits == 0 || digits > std::numeric_limits<T>::digits10) return false;
@@ -124,20 +207,19 @@ template bool ReadLeadingInteger(std::string_view text, std::int64_t& value);
 template bool ReadLeadingInteger(std::string_view text, std::uint64_t& value);
 
 bool ReadPlainReal(const char* text, double& value) {
-    // So many digits, and the powers of ten up to there, are doubles themselves: dividing rounds
-    // once.
-    constexpr int kMaxDigits = std::numeric_limits<double>::digits10;
-    constexpr double kPowers[kMaxDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     if (text == nullptr) return false;
-    const bool isNegative = *text == '-';
-    if (isNegative || *text == '+') ++text;
+    const bool isNegative = TakeSign(text);
     std::uint64_t number = 0;
     const auto digits = TakeDigits(text, number);
     if (*text == '.') ++text;
     const auto decimals = TakeDigits(text, number);
-    if (*text != '\0' || digits + decimals == 0 || digits + decimals > kMaxDigits) return false;
-    const double magnitude = static_cast<double>(number) / kPowers[decimals];
+    if (digits + decimals == 0 || digits + decimals > std::numeric_limits<std::uint64_t>::digits10)
+        return false;
+    int exponent = 0;
+    if (!TakeExponent(text, exponent) || *text != '\0') return false;
+    exponent -= static_cast<int>(decimals);
+    if (std::abs(exponent) > kMaxExponent) return false;
+    const double magnitude = ByPowerOfTen(number, exponent);
     value = isNegative ? -magnitude : magnitude;
     return true;
 }

@@ -31,8 +31,9 @@ bool ReadPlainInteger(const char* text, Sign sign, T& value);
 template <typename T>
 bool ReadLeadingInteger(std::string_view text, T& value);
 
-// The number of a plain text, correctly rounded: perhaps a sign, up to 15 digits with perhaps a "."
-// among them, the terminator. False, with nothing stored, for any other, such as null.
+// The number of a plain text, correctly rounded: perhaps a sign, up to 19 digits with perhaps a "."
+// among them, perhaps an exponent of up to four digits, the terminator. The last digit must stand
+// for a power of ten from -27 to 27. False, with nothing stored, for any other, such as null.
 bool ReadPlainReal(const char* text, double& value);
 
 // The number that all of a text is, correctly rounded; the point is ".". False, with nothing

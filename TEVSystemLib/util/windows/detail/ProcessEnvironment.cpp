@@ -53,16 +53,16 @@ class WideName {
 
 // For values that are longer than most; null when the variable is not set. The first attempt fits
 // every value that the system keeps; the others are for a value that grows meanwhile.
-OwnedWideText ReadLong(const wchar_t* name) {
+OwnedText ReadLong(const wchar_t* name) {
     std::size_t bufferChars = kEnvironmentBufferChars;
     for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
-        OwnedWideText value = MakeWideText(bufferChars - 1);
+        const OwnedWideText value = MakeUnfilledWideText(bufferChars - 1);
         const auto size = static_cast<DWORD>(std::min(bufferChars, kMaxEnvironmentSize));
         const DWORD length = GetEnvironmentVariableW(name, value.get(), size);
         if (length == 0) return nullptr;
         if (length < size) {
             value[length] = L'\0';
-            return value;
+            return ToLocale({value.get(), length});
         }
         bufferChars = std::size_t{length} + 2;
     }
@@ -78,13 +78,13 @@ OwnedText ReadVariableText(std::string_view name) {
     const DWORD length = GetEnvironmentVariableW(wideName.get(), brief, kBriefValueChars);
     // KEEP: an empty value is not told from a variable that is not set; lists treat both alike.
     if (length == 0) return nullptr;
-    return ToLocale(length < kBriefValueChars ? brief : ReadLong(wideName.get()).get());
+    return length < kBriefValueChars ? ToLocale({brief, length}) : ReadLong(wideName.get());
 }
 
 std::optional<std::string> ReadVariable(std::string_view name) {
     const OwnedText text = ReadVariableText(name);
     if (!text) return std::nullopt;
-    return text.get();
+    return std::string(ViewOf(text.get()));
 }
 
 std::optional<std::string> ReadPathVariable(std::string_view name) {

@@ -9,7 +9,8 @@ HEAD = """\
 
 ## Instructions of the lines that missed
 
-Of one turn, counted by valgrind (`./tev bench --instructions`).
+Of one turn, counted by valgrind: `./tev bench --instructions`, which gives a row ten minutes. A new
+measurement throws away the counts of the build before.
 
 | Work | Size | ours | limit | ours / limit | fastest peer | ours / peer |
 |---|--:|--:|--:|--:|--:|--:|
@@ -45,10 +46,10 @@ def ways(row):
 
 
 def line(row, counted):
-    """A row of the table; nothing when ours was not counted."""
+    """A row of the table."""
     found = {way: counted.get(name) for way, name, _ in ways(row)}
     if found["ours"] is None:
-        return ""
+        return f"| {row.job} {row.work} | {row.size or ''} | not counted | - | - | - | - |\n"
     cells = [f"{row.job} {row.work}", row.size or "", f"{found['ours']:,.0f}"]
     for way, name in (("limit", ""), ("peer", f" ({row.best_peer()})")):
         other = found.get(way)

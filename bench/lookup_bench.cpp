@@ -7,6 +7,7 @@
 #include <optional>
 #include <random>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "Files.h"
@@ -48,6 +49,7 @@ struct Lookups {
                            : kind == Cached ? variables[random() % variables.size()]
                            : kind == User   ? user[random() % user.size()]
                                             : system[random() % system.size()]);
+        hashed.insert(table.begin(), table.end());
         for (const std::string& key : keys) wide.emplace_back(key.begin(), key.end());
     }
     // Makes the one store of the process that of this input.
@@ -69,6 +71,7 @@ struct Lookups {
     }
 
     Pairs table;
+    std::unordered_map<std::string, std::string> hashed;
     CSimpleIniCaseA ini;
     std::optional<LoadedStore> store;
     std::vector<std::string> keys;
@@ -94,9 +97,18 @@ const char* FromIni(const Lookups& lookups, const std::string& key) {
     return lookups.ini.GetValue("", key.c_str(), "-");
 }
 
+template <typename Table>
+const char* Find(const Table& table, const std::string& key) {
+    const auto found = table.find(key);
+    return found == table.end() ? "-" : found->second.c_str();
+}
+
 const char* FromMap(const Lookups& lookups, const std::string& key) {
-    const auto found = lookups.table.find(key);
-    return found == lookups.table.end() ? "-" : found->second.c_str();
+    return Find(lookups.table, key);
+}
+
+const char* FromHashTable(const Lookups& lookups, const std::string& key) {
+    return Find(lookups.hashed, key);
 }
 
 void Load(const Input& lookups) { lookups->Load(); }
@@ -116,6 +128,7 @@ void AddHit(const char* work, Lookups::Kind kind, std::size_t count) {
         .Before(Load)
         .Ours(ForEach(FromStore))
         .Peer("SimpleIni", ForEach(FromIni))
+        .Peer("std::unordered_map", ForEach(FromHashTable))
         .CheckedLimit("std::map::find", ForEach(FromMap));
 }
 

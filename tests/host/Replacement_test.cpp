@@ -20,6 +20,7 @@ std::string Replaced(std::string_view input, std::string_view replacement,
     plan.Write(text.data());
     EXPECT_EQ(text.back(), '?');
     text.pop_back();
+    EXPECT_EQ(plan.Text(), text);
     return text;
 }
 
@@ -50,6 +51,14 @@ TEST(Replacement, FromLeftToRightWithoutOverlap) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Replaced(row.input, row.replacement, row.pattern), row.expected) << row.input;
+}
+
+TEST(Replacement, BytesOfLongTexts) {
+    for (const std::size_t size : {4096U, 16383U, 16384U, 16385U, 20480U, 100000U}) {
+        std::string input(size, '/');
+        for (std::size_t i = 0; i < size; i += 3) input[i] = static_cast<char>(i);
+        EXPECT_EQ(Replaced(input, "\\", "/"), PlainlyReplaced(input, "\\", "/")) << size;
+    }
 }
 
 TEST(Replacement, MorePlacesThanAreRemembered) {

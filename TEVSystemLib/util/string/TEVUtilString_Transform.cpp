@@ -16,12 +16,6 @@ std::string_view Require(const char* text) {
     return detail::ViewOf(text);
 }
 
-std::string Replaced(const detail::Replacement& replacement) {
-    std::string text(replacement.Size(), '\0');
-    replacement.Write(text.data());
-    return text;
-}
-
 // KEEP: the order is input, replacement, pattern.
 detail::Replacement ReplacementOf(const char* input, const char* replacement, const char* pattern) {
     if (input == nullptr)
@@ -71,14 +65,14 @@ void TEVUtilString::Concat(const char* const first, const char* const second, ch
 
 std::string TEVUtilString::Replace(const std::string& aInputStr, const std::string& replacement,
                                    const std::string& pattern) try {
-    return Replaced({aInputStr, replacement, pattern});
+    return detail::Replacement(aInputStr, replacement, pattern).Text();
 } catch (...) {
     detail::RethrowTranslated();
 }
 
 std::string TEVUtilString::Replace(const char* const aInputStr, const char* const replacement,
                                    const char* const pattern) try {
-    return Replaced(ReplacementOf(aInputStr, replacement, pattern));
+    return ReplacementOf(aInputStr, replacement, pattern).Text();
 } catch (...) {
     detail::RethrowTranslated();
 }

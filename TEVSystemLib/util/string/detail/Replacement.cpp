@@ -30,10 +30,12 @@ std::size_t Replacement::FindFrom(std::size_t at) const {
     return found == kNone ? kNone : at + found;
 }
 
+void Replacement::WriteBytes(std::string_view part, char* to) const {
+    wide::Best().replaceByte(part.data(), part.size(), to, pattern_[0], replacement_[0]);
+}
+
 void Replacement::Write(char* to) const {
-    if (pattern_.size() == 1 && replacement_.size() == 1)
-        return wide::Best().replaceByte(input_.data(), input_.size(), to, pattern_[0],
-                                        replacement_[0]);
+    if (IsOfBytes()) return WriteBytes(input_, to);
     std::size_t read = 0;
     for (std::size_t number = 0; !pattern_.empty(); ++number) {
         const std::size_t place = number < known_ ? places_[number] : FindFrom(read);
@@ -43,6 +45,27 @@ void Replacement::Write(char* to) const {
         read = place + pattern_.size();
     }
     std::copy(input_.begin() + read, input_.end(), to);
+}
+
+std::string Replacement::Text() const {
+    if (IsOfBytes() && size_ >= kLong) return TextOfBytes();
+    std::string text(size_, '\0');
+    Write(text.data());
+    return text;
+}
+
+// By way of a block that stays in the processor, since a string can only be written to where it has
+// been filled.
+std::string Replacement::TextOfBytes() const {
+    char block[4096];
+    std::string text;
+    text.reserve(size_);
+    for (std::size_t at = 0; at < input_.size(); at += sizeof block) {
+        const std::string_view part = input_.substr(at, sizeof block);
+        WriteBytes(part, block);
+        text.append(block, part.size());
+    }
+    return text;
 }
 
 }  // namespace TAMO::TEV::System::Util::detail

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace TAMO::TEV::System::Util::detail {
@@ -14,10 +15,15 @@ class Replacement {
     std::size_t Size() const { return size_; }
     // Into a buffer of that size.
     void Write(char* to) const;
+    std::string Text() const;
 
  private:
     static constexpr std::size_t kMaxKnown = 32;
+    static constexpr std::size_t kLong = 16384;
 
+    bool IsOfBytes() const { return pattern_.size() == 1 && replacement_.size() == 1; }
+    void WriteBytes(std::string_view part, char* to) const;
+    std::string TextOfBytes() const;
     // Where the pattern is next; npos when nowhere.
     std::size_t FindFrom(std::size_t at) const;
 

@@ -5,7 +5,7 @@ verb_check() {
     need_packages "${packages_check[@]}"
     need_all
     # The build itself checks the warnings, and that each public header compiles alone.
-    build mingw-release TEVSystemLib test_headers
+    build mingw-release TEVSystemLib tevsys test_headers
     build host help
     say "checking"
     local preset

@@ -80,7 +80,8 @@ bool TakeExponent(const char*& at, int& exponent) {
     return true;
 }
 
-__extension__ typedef unsigned __int128 Wide;
+// Only a typedef can be marked as an extension.
+__extension__ typedef unsigned __int128 Wide;  // NOLINT(modernize-use-using)
 
 // The powers of ten up to there are doubles, those of five up to there fit 64 bits.
 constexpr int kMaxTen = 22;

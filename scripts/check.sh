@@ -6,7 +6,7 @@ verb_check() {
     need_all
     # The build itself checks the warnings, and that each public header compiles alone.
     build mingw-release TEVSystemLib tevsys test_headers
-    build host help
+    build host tev_pure
     say "checking"
     local preset
     for preset in mingw-release host; do

@@ -83,23 +83,53 @@ test_quickly() {
     test_presets "$what" mingw-release host | keep_number "$number" "./tev test$all"
 }
 
-# Everything: random comparisons fifty times as long, each instruction level, and the other verbs.
+# Everything. A step that fails ends no other; the numbers are written in any case.
 test_all() {
-    (
-        export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
-        test_quickly
-    )
+    local broken=()
+    step test test_quickly
+    step effort test_fifty_fold
+    step levels test_levels
+    step bench test_benchmarks
+    step sanitize verb_sanitize
+    step coverage verb_coverage
+    step seeded verb_seeded
+    step fuzz verb_fuzz 600
+    step mutate verb_mutate
+    write_numbers
+    [ ${#broken[@]} -eq 0 ] || die "of ./tev test --all these failed: ${broken[*]}; see above"
+}
+
+# step NAME COMMAND...: adds to broken. Behind "if" or "||" bash would not stop the command where
+# something in it fails.
+step() {
+    local name=$1 code
+    shift
+    clear_number "$name" './tev test --all'
+    set +e
+    (set -e && "$@")
+    code=$?
+    set -e
+    [ "$code" -eq 0 ] || broken+=("$name")
+}
+
+# The random comparisons fifty times as long, and the checks that take long.
+test_fifty_fold() {
+    export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
+    test_quickly
+}
+
+test_levels() {
     need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels './tev test --all'
-    check_bench
-    verb_sanitize
-    verb_coverage
-    verb_seeded
-    verb_fuzz 600
-    verb_mutate
-    write_numbers
+}
+
+test_benchmarks() {
+    {
+        check_bench
+        echo 'what every row comes to is right'
+    } | keep_number bench './tev test --all'
 }
 
 # test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.

@@ -1,9 +1,8 @@
 """mutate.py BUILD COUNT: do the native tests notice small changes of the platform-free code?
 
 BUILD is a configured and built tree of the preset "mutation"; COUNT mutants are taken evenly from
-all that there are, and with them those that are listed as equivalent. Every one is compiled from a
-copy below BUILD and linked with the untouched objects; it is killed when a test fails, dies or runs
-too long.
+all that there are, besides those listed as equivalent. Every one is compiled from a copy below BUILD
+and linked with the untouched objects; it is killed when a test fails, dies or runs too long.
 """
 
 import json

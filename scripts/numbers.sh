@@ -2,7 +2,7 @@
 
 numbers=$root/build/numbers
 # The rows of the table: the name of the result, and what it tells.
-number_rows=(test:Tests effort:'Tests, fifty-fold' levels:'Instruction levels'
+number_rows=(test:Tests effort:'Tests, fifty-fold' inside:'Of the tests' levels:'Instruction levels'
     bench:'Results of the benchmarks' sanitize:Sanitizers coverage:Coverage seeded:'Seeded defects'
     fuzz:Fuzzing mutate:Mutations)
 

@@ -80,26 +80,70 @@ test_quickly() {
     need_all
     local what="the product under Wine, the platform-free code natively" number=test all=
     [ "${TEV_TEST_EFFORT:-}" != all ] || number=effort all=' --all'
+    grep -qw avx2 /proc/cpuinfo || say "this processor has no AVX2: nothing runs that level"
+    clear_number inside "./tev test$all"
     test_presets "$what" mingw-release host | keep_number "$number" "./tev test$all"
+    count_inside | keep_number inside "./tev test$all"
 }
 
-# Everything: random comparisons fifty times as long, each instruction level, and the other verbs.
+# What the reports tell besides passed tests.
+count_inside() {
+    local faults=$product/reports/fault_tests.xml rounds
+    mapfile -t rounds < <(sed -n 's/.*name="Rounds" value="\([0-9]*\)".*/\1/p' \
+        "$product/reports/test_boundary.xml")
+    printf '%s allocations refused, %s rows let all of theirs fail; ' \
+        "$(sed -n '2s/.* RefusedAllocations="\([0-9]*\)".*/\1/p' "$faults")" \
+        "$(sed -n '2s/.* AllocationRows="\([0-9]*\)".*/\1/p' "$faults")"
+    printf 'rounds on 16 threads: %s of all calls, %s of look-ups\n' "${rounds[@]}"
+}
+
+# Everything. A step that fails ends no other; the numbers are written in any case.
 test_all() {
-    (
-        export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
-        test_quickly
-    )
+    local failed_steps=()
+    step test test_quickly
+    step effort test_fifty_fold
+    step levels test_levels
+    step bench test_benchmarks
+    step sanitize verb_sanitize
+    step coverage verb_coverage
+    step seeded verb_seeded
+    step fuzz verb_fuzz 600
+    step mutate verb_mutate
+    write_numbers
+    [ ${#failed_steps[@]} -eq 0 ] || die "of ./tev test --all these failed: ${failed_steps[*]}; see above"
+}
+
+# step NAME COMMAND...: adds to failed_steps. Behind "if" or "||" bash would not stop the command where
+# something in it fails.
+step() {
+    local name=$1 code
+    shift
+    clear_number "$name" './tev test --all'
+    set +e
+    (set -e && "$@")
+    code=$?
+    set -e
+    [ "$code" -eq 0 ] || failed_steps+=("$name")
+}
+
+# The random comparisons fifty times as long, and the checks that take long.
+test_fifty_fold() {
+    export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
+    test_quickly
+}
+
+test_levels() {
     need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
     test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
         keep_number levels './tev test --all'
-    check_bench
-    verb_sanitize
-    verb_coverage
-    verb_seeded
-    verb_fuzz 600
-    verb_mutate
-    write_numbers
+}
+
+test_benchmarks() {
+    {
+        check_bench
+        echo 'what every row comes to is right'
+    } | keep_number bench './tev test --all'
 }
 
 # test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.

@@ -1,8 +1,8 @@
 """mutate.py BUILD COUNT: do the native tests notice small changes of the platform-free code?
 
 BUILD is a configured and built tree of the preset "mutation"; COUNT mutants are taken evenly from
-all that there are. Every one is compiled from a copy below BUILD and linked with the untouched
-objects; it is killed when a test fails, dies or runs too long.
+all that there are, besides those listed as equivalent. Every one is compiled from a copy below BUILD
+and linked with the untouched objects; it is killed when a test fails, dies or runs too long.
 """
 
 import json
@@ -177,6 +177,7 @@ def main():
         fail(f"the tests fail without a mutation; run {folder / PROGRAM} and mend them")
     tally = Counter()
     chosen = evenly(everything, count)
+    chosen += [each for each in everything if key(each) in known and each not in chosen]
     with ThreadPoolExecutor(WORKERS) as pool:
         for mutant, verdict in zip(chosen, pool.map(lambda each: worker.verdict(each), chosen)):
             if key(mutant) in known:

@@ -2,14 +2,14 @@
 
 numbers=$root/build/numbers
 # The rows of the table: the name of the result, and what it tells.
-number_rows=(test:Tests effort:'Tests, fifty-fold' levels:'Instruction levels' sanitize:Sanitizers
-    coverage:Coverage seeded:'Seeded defects' fuzz:Fuzzing mutate:Mutations)
+number_rows=(test:Tests effort:'Tests, fifty-fold' inside:'Of the tests' levels:'Instruction levels'
+    bench:'Results of the benchmarks' sanitize:Sanitizers coverage:Coverage seeded:'Seeded defects'
+    fuzz:Fuzzing mutate:Mutations)
 
 # keep_number NAME COMMAND: passes on what it reads, and keeps its last line as the result of a
 # command.
 keep_number() {
-    mkdir -p "$numbers"
-    rm -f "$numbers/$1"
+    clear_number "$1" "$2"
     local line last=
     while IFS= read -r line; do
         printf '%s\n' "$line"
@@ -17,7 +17,16 @@ keep_number() {
     done
     # A verb that died has told no result.
     case $last in '' | '== '*) return ;; esac
-    printf '`%s` | %s | %s, %s |\n' "$2" "$last" "$(date -u +%F)" \
+    write_number "$1" "$2" "$last"
+}
+
+# clear_number NAME COMMAND: no result of an earlier run may stand for one that has begun.
+clear_number() { write_number "$1" "$2" 'did not finish'; }
+
+# write_number NAME COMMAND RESULT
+write_number() {
+    mkdir -p "$numbers"
+    printf '`%s` | %s | %s, %s |\n' "$2" "$3" "$(date -u +%F)" \
         "$(git -C "$root" describe --always --dirty 2>/dev/null || echo unknown)" >"$numbers/$1"
 }
 

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <string_view>
 
+#include "fault/AllocationTable.h"
 #include "fault/Allocator.h"
 #include "fault/FirstUses.h"
 #include "fault/GuardedMemory.h"
@@ -50,6 +52,19 @@ class BalanceListener : public testing::EmptyTestEventListener {
     tev::fault::Loans loansBefore_;
 };
 
+// What the tests came to in numbers, into the report.
+class Totals : public testing::Environment {
+    void TearDown() override {
+        const auto& rows = tev::fault::RegisteredRows();
+        const auto allocating = std::count_if(rows.begin(), rows.end(), [](const auto& row) {
+            return row.effect == tev::fault::Effect::Allocates;
+        });
+        testing::Test::RecordProperty("AllocationRows", std::to_string(allocating));
+        testing::Test::RecordProperty("RefusedAllocations",
+                                      std::to_string(tev::fault::Now().refused));
+    }
+};
+
 // The module's file and the place in it, as addr2line takes it beside the image's base.
 std::string InstructionAt(const void* address) {
     HMODULE module = nullptr;
@@ -83,6 +98,7 @@ int main(int argc, char** argv) {
     tev::fault::StartGuarding();
     tev::test::effortDivisor = 50;
     testing::AddGlobalTestEnvironment(new tev::fault::FirstUses);
+    testing::AddGlobalTestEnvironment(new Totals);
     testing::UnitTest::GetInstance()->listeners().Append(new BalanceListener);
     return RUN_ALL_TESTS();
 }

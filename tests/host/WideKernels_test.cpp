@@ -10,6 +10,7 @@
 #include "TEVSystemLib/util/string/detail/AsciiText.h"
 #include "TEVSystemLib/util/string/detail/wide/Kernels.h"
 #include "models/Base64Model.h"
+#include "models/KernelModel.h"
 #include "support/Effort.h"
 #include "support/Random.h"
 
@@ -18,6 +19,7 @@ namespace {
 namespace wide = TAMO::TEV::System::Util::detail::wide;
 using tev::test::Base64Model;
 using tev::test::kBase64Alphabet;
+using tev::test::kPlain;
 using wide::Kernels;
 using wide::kPortable;
 
@@ -26,7 +28,7 @@ constexpr std::size_t kMaxLength = 160;
 
 // Random bytes at random addresses. The bytes come from small alphabets, so that something is
 // found.
-class Kernel : public testing::TestWithParam<const Kernels*> {
+class AllKernels : public testing::TestWithParam<const Kernels*> {
  protected:
     const Kernels& Level() const { return *GetParam(); }
 
@@ -78,56 +80,51 @@ class Kernel : public testing::TestWithParam<const Kernels*> {
     tev::test::Random random_{20261121};
 };
 
-// Those of the levels above the portable one, which they are compared with.
-class WideKernels : public Kernel {};
-// Those of every level, compared with something else.
-class AllKernels : public Kernel {};
-
 std::string Show(std::string_view bytes) { return testing::PrintToString(std::string(bytes)); }
 
-TEST_P(WideKernels, LengthStopsAtTheFirstNul) {
+TEST_P(AllKernels, LengthStopsAtTheFirstNul) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = Bytes(std::string_view("ab\0", random_.OneIn(8) ? 3 : 2));
         Placed text = Place(bytes);
-        ASSERT_EQ(Level().length(text.data()), kPortable.length(text.data())) << Show(bytes);
+        ASSERT_EQ(Level().length(text.data()), kPlain.length(text.data())) << Show(bytes);
     }
 }
 
-TEST_P(WideKernels, FindByteFindsTheFirst) {
+TEST_P(AllKernels, FindByteFindsTheFirst) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = AnyBytes();
         const char wanted = Bytes("abz@x\xFF\0", 1)[0];
         Placed text = Place(bytes);
         ASSERT_EQ(Level().findByte(text.data(), text.size(), wanted),
-                  kPortable.findByte(text.data(), text.size(), wanted))
+                  kPlain.findByte(text.data(), text.size(), wanted))
             << Show(bytes);
     }
 }
 
-TEST_P(WideKernels, FindFindsTheFirst) {
+TEST_P(AllKernels, FindFindsTheFirst) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = Bytes(random_.Coin() ? "ab" : "aab");
         const std::string pattern = Bytes("ab", 1 + Below(random_.OneIn(4) ? 40 : 9));
         Placed text = Place(bytes);
         ASSERT_EQ(Level().find(text.data(), text.size(), pattern.data(), pattern.size()),
-                  kPortable.find(text.data(), text.size(), pattern.data(), pattern.size()))
+                  kPlain.find(text.data(), text.size(), pattern.data(), pattern.size()))
             << Show(bytes) << ' ' << pattern;
     }
 }
 
-TEST_P(WideKernels, MismatchIgnoresTheCaseOfAsciiLettersOnly) {
+TEST_P(AllKernels, MismatchIgnoresTheCaseOfAsciiLettersOnly) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = AnyBytes();
         const std::string other = NearlySame(bytes);
         Placed first = Place(bytes);
         Placed second = Place(other);
         ASSERT_EQ(Level().mismatchIgnoringCase(first.data(), second.data(), bytes.size()),
-                  kPortable.mismatchIgnoringCase(first.data(), second.data(), bytes.size()))
+                  kPlain.mismatchIgnoringCase(first.data(), second.data(), bytes.size()))
             << Show(bytes) << ' ' << Show(other);
     }
 }
 
-TEST_P(WideKernels, TextMismatchStopsAtTheTerminatorToo) {
+TEST_P(AllKernels, TextMismatchStopsAtTheTerminatorToo) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = AnyBytes();
         std::string other = NearlySame(bytes);
@@ -135,20 +132,20 @@ TEST_P(WideKernels, TextMismatchStopsAtTheTerminatorToo) {
         Placed first = Place(bytes);
         Placed second = Place(other);
         ASSERT_EQ(Level().textMismatchIgnoringCase(first.data(), second.data()),
-                  kPortable.textMismatchIgnoringCase(first.data(), second.data()))
+                  kPlain.textMismatchIgnoringCase(first.data(), second.data()))
             << Show(bytes) << ' ' << Show(other);
         ASSERT_EQ(Level().textMismatchIgnoringCase(second.data(), first.data()),
-                  kPortable.textMismatchIgnoringCase(second.data(), first.data()))
+                  kPlain.textMismatchIgnoringCase(second.data(), first.data()))
             << Show(bytes) << ' ' << Show(other);
     }
 }
 
 // From one buffer to another, and in place.
 template <typename Map>
-void ExpectSameMapping(const std::string& bytes, char* from, Map level, Map portable) {
+void ExpectSameMapping(const std::string& bytes, char* from, Map level, Map plain) {
     std::string expected(bytes.size() + 1, '?');
     std::string mapped = expected;
-    portable(bytes.data(), bytes.size(), expected.data());
+    plain(bytes.data(), bytes.size(), expected.data());
     level(from, bytes.size(), mapped.data());
     ASSERT_EQ(mapped, expected) << Show(bytes);
     level(from, bytes.size(), from);
@@ -156,16 +153,16 @@ void ExpectSameMapping(const std::string& bytes, char* from, Map level, Map port
     ASSERT_EQ(std::string_view(from, bytes.size() + 1), expected) << Show(bytes);
 }
 
-TEST_P(WideKernels, CaseIsMappedInAsciiOnly) {
+TEST_P(AllKernels, CaseIsMappedInAsciiOnly) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = AnyBytes();
-        ExpectSameMapping(bytes, Place(bytes).data(), Level().toLower, kPortable.toLower);
-        ExpectSameMapping(bytes, Place(bytes).data(), Level().toUpper, kPortable.toUpper);
+        ExpectSameMapping(bytes, Place(bytes).data(), Level().toLower, kPlain.toLower);
+        ExpectSameMapping(bytes, Place(bytes).data(), Level().toUpper, kPlain.toUpper);
         if (HasFatalFailure()) return;
     }
 }
 
-TEST_P(WideKernels, ReplaceByteReplacesAll) {
+TEST_P(AllKernels, ReplaceByteReplacesAll) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::string bytes = AnyBytes();
         const std::string pair = Bytes("ab\\/\xFF", 2);
@@ -175,19 +172,19 @@ TEST_P(WideKernels, ReplaceByteReplacesAll) {
                     kernels.replaceByte(from, count, to, pair[0], pair[1]);
                 });
         };
-        ExpectSameMapping(bytes, Place(bytes).data(), replaceBy(Level()), replaceBy(kPortable));
+        ExpectSameMapping(bytes, Place(bytes).data(), replaceBy(Level()), replaceBy(kPlain));
         if (HasFatalFailure()) return;
     }
 }
 
-TEST_P(WideKernels, SwapBytesReversesEveryElement) {
+TEST_P(AllKernels, SwapBytesReversesEveryElement) {
     for (std::int64_t i = 0; i < tev::test::Repetitions(kInputs); ++i) {
         const std::size_t elementSize = std::size_t{2} << Below(3);
         std::string bytes = Bytes("");
         bytes.resize(bytes.size() / elementSize * elementSize);
         std::string expected = bytes;
         const std::size_t count = bytes.size() / elementSize;
-        kPortable.swapBytes(expected.data(), count, elementSize);
+        kPlain.swapBytes(expected.data(), count, elementSize);
         Placed swapped = Place(bytes);
         Level().swapBytes(swapped.data(), count, elementSize);
         ASSERT_EQ(std::string_view(swapped.data(), bytes.size() + 1), expected + '\0')
@@ -292,20 +289,11 @@ std::vector<const Kernels*> Runnable() {
     return {levels.first, levels.first + levels.count};
 }
 
-std::vector<const Kernels*> AbovePortable() {
-    std::vector<const Kernels*> levels = Runnable();
-    levels.erase(levels.begin());
-    return levels;
-}
-
 std::string NameOf(const testing::TestParamInfo<const Kernels*>& level) {
     return level.param->level;
 }
 
-INSTANTIATE_TEST_SUITE_P(Levels, WideKernels, testing::ValuesIn(AbovePortable()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Levels, AllKernels, testing::ValuesIn(Runnable()), NameOf);
-// Some builds and processors have the portable level only.
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(WideKernels);
 
 TEST(WideKernelsChoice, BestIsTheHighestRunnableLevel) {
     EXPECT_EQ(&wide::Best(), Runnable().back());

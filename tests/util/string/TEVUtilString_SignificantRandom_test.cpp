@@ -12,6 +12,7 @@
 #include <string>
 
 #include "models/DecimalModel.h"
+#include "support/Effort.h"
 #include "support/Owned.h"
 
 // The texts of random measured values against exact integers.
@@ -25,6 +26,7 @@ using tev::test::Measure;
 using tev::test::Measured;
 using tev::test::MeasuredTexts;
 using tev::test::PowerOfTen;
+using tev::test::Repetitions;
 using tev::test::Rounded;
 using tev::test::RoundedTo;
 using tev::test::Text;
@@ -32,8 +34,8 @@ using tev::test::Units;
 using tev::test::UnitsOf;
 
 constexpr std::uint64_t kSeed = 20240607;
-constexpr int kPairs = 200000;
-constexpr int kTruncations = 50000;
+constexpr std::int64_t kPairs = 200'000;
+constexpr std::int64_t kTruncations = 200'000;
 constexpr int kHighestPlace = 18;
 constexpr int kMostDigits = 17;
 
@@ -117,14 +119,14 @@ struct Tally {
     }
 
     void Print() const {
-        std::cout << "seed " << kSeed << ": " << kPairs << " pairs; values: " << zero << " of 0, "
-                  << one << " of 1, " << below << " below 1, " << above << " above 1, " << negative
-                  << " negative, " << oneFigure << " with one figure, " << halves << " halves, "
-                  << carries << " carries; uncertainties: " << uncertaintyHalves << " halves, "
-                  << uncertaintyCarries << " carries\n";
+        std::cout << "seed " << kSeed << ": " << Repetitions(kPairs) << " pairs; values: " << zero
+                  << " of 0, " << one << " of 1, " << below << " below 1, " << above << " above 1, "
+                  << negative << " negative, " << oneFigure << " with one figure, " << halves
+                  << " halves, " << carries << " carries; uncertainties: " << uncertaintyHalves
+                  << " halves, " << uncertaintyCarries << " carries\n";
         for (const int count : {zero, one, below, above, negative, oneFigure, halves, carries,
                                 uncertaintyHalves, uncertaintyCarries})
-            EXPECT_GT(count, kPairs / 500);
+            EXPECT_GT(count, Repetitions(kPairs) / 500);
     }
 
     int zero = 0;
@@ -167,7 +169,7 @@ std::string Truncated(double value, bool scientific, int figures) {
 TEST(SignificantFigures, RandomPairsAgreeWithExactIntegers) {
     RandomPairs pairs;
     Tally tally;
-    for (int i = 0; i < kPairs; ++i) {
+    for (std::int64_t i = 0; i < Repetitions(kPairs); ++i) {
         const Pair pair = pairs.Next();
         const Measured expected = Measure(pair.value, pair.uncertainty);
         ASSERT_EQ(Difference(pair, false, expected.fixed), "") << "pair " << i;
@@ -180,7 +182,7 @@ TEST(SignificantFigures, RandomPairsAgreeWithExactIntegers) {
 TEST(TruncateUncertaintyValue, RandomValuesAgreeWithExactIntegers) {
     RandomPairs values;
     int carries = 0;
-    for (int i = 0; i < kTruncations; ++i) {
+    for (std::int64_t i = 0; i < Repetitions(kTruncations); ++i) {
         const double value = values.Magnitude();
         const Units units = UnitsOf(value);
         // Not beyond what the model's integers hold.
@@ -192,8 +194,9 @@ TEST(TruncateUncertaintyValue, RandomValuesAgreeWithExactIntegers) {
         ASSERT_EQ(Truncated(value, true, expected.figures), ExponentText(expected))
             << Exactly(value) << " to " << expected.figures;
     }
-    std::cout << "seed " << kSeed << ": " << kTruncations << " values, " << carries << " carries\n";
-    EXPECT_GT(carries, kTruncations / 500);
+    std::cout << "seed " << kSeed << ": " << Repetitions(kTruncations) << " values, " << carries
+              << " carries\n";
+    EXPECT_GT(carries, Repetitions(kTruncations) / 500);
 }
 
 // kept * 10^place and half of 10^place; an exact half if the 20 decimals of its double say so.

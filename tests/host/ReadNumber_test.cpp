@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <random>
 #include <string>
 #include <string_view>
 
 #include "TEVSystemLib/util/string/detail/NumberText.h"
+#include "support/Effort.h"
 
 namespace {
 
@@ -173,6 +176,22 @@ TEST(ReadPlainReal, FewDigitsWithPerhapsAPointAndAnExponent) {
         EXPECT_EQ(ReadPlainReal(row.text, value), row.number.has_value());
         EXPECT_EQ(value, row.number.value_or(77));
         EXPECT_EQ(std::signbit(value), std::signbit(row.number.value_or(77)));
+    }
+}
+
+TEST(ReadPlainReal, RoundsAsTheStandardLibraryDoes) {
+    std::mt19937_64 random(1909);
+    const std::int64_t inputs = tev::test::Repetitions(200'000);
+    for (std::int64_t i = 0; i < inputs && !HasFailure(); ++i) {
+        std::string text = std::to_string(random() >> (random() % 64));
+        text.insert(random() % (text.size() + 1), 1, '.');
+        if (text.size() > 20) text.pop_back();
+        if (random() % 2 == 0) text += "e" + std::to_string(static_cast<int>(random() % 70) - 35);
+        double value = 0;
+        if (!ReadPlainReal(text.c_str(), value)) continue;
+        double expected = 0;
+        std::from_chars(text.data(), text.data() + text.size(), expected);
+        EXPECT_EQ(value, expected) << text;
     }
 }
 

@@ -9,6 +9,7 @@
 #include "fault/FirstUses.h"
 #include "fault/GuardedMemory.h"
 #include "fault/Ledger.h"
+#include "fault/NeverFailed.h"
 #include "support/Effort.h"
 
 namespace {
@@ -83,6 +84,7 @@ int main(int argc, char** argv) {
     tev::fault::StartGuarding();
     tev::test::effortDivisor = 50;
     testing::AddGlobalTestEnvironment(new tev::fault::FirstUses);
+    testing::AddGlobalTestEnvironment(new tev::fault::FailedCalls);
     testing::UnitTest::GetInstance()->listeners().Append(new BalanceListener);
     return RUN_ALL_TESTS();
 }

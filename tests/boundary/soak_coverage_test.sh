@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# soak_coverage_test.sh EXPORTS LIST OBJECT...: the compiled soak calls every exported function, each
-# overload of it, but for those that the list names. What an object calls the linker tells: neither
-# a comment nor another overload of the name counts.
+# soak_coverage_test.sh EXPORTS LIST OBJECT...: the compiled soak calls every exported function,
+# each overload of it, but for those that the list names. What the objects ask the linker for tells:
+# neither a comment nor another overload of the name counts.
 set -euo pipefail
 export LC_ALL=C
 exports=$1 list=$2

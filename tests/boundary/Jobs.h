@@ -6,13 +6,14 @@
 
 #include "support/Soak.h"
 
-// Calls of what promises to be safe on distinct data. Soak_test.cpp looks in these sources for each
-// function that is exported.
+// Calls of what promises to be safe on distinct data. soak_coverage_test.sh looks in their objects
+// for each function that is exported.
 namespace tev::test {
 
 std::vector<Job> TextJobs();
 std::vector<Job> MemoryJobs();
 std::vector<Job> ComJobs();
+std::vector<Job> OverloadJobs();
 std::vector<Job> ProcessJobs();
 
 inline std::string Number(unsigned seed) { return std::to_string(seed * 7919 + 1) + ".5"; }

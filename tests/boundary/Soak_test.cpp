@@ -1,4 +1,5 @@
 #include <TEVSystemLib/system/TEVSysUtil.h>
+#include <TEVSystemLib/system/TEVSystemDiagnostics.h>
 #include <TEVSystemLib/system/TEVSystemProperties.h>
 #include <TEVSystemLib/system/XCode.h>
 #include <TEVSystemLib/util/file/TEVIO.h>
@@ -20,9 +21,11 @@
 #include "support/Folder.h"
 #include "support/Owned.h"
 
-// What promises to be safe on distinct data, and the look-up of keys that the store holds.
+// What promises to be safe on distinct data, the look-up of keys that the store holds, and
+// snapshots that all threads read.
 namespace {
 
+using TAMO::TEV::System::TEVSystemDiagnostics;
 using TAMO::TEV::System::TEVSystemProperties;
 using TAMO::TEV::System::XCode;
 using TAMO::TEV::System::Util::TEVIO;
@@ -217,17 +220,25 @@ std::string KeyOf(unsigned seed) { return "soak." + std::to_string(seed); }
 class KnownKeys {
  public:
     KnownKeys() {
+        TEVSystemDiagnostics::TakePropertiesSnapshot(before);
         for (unsigned seed = 0; seed < tev::test::kSoakThreads * tev::test::kSeedsAThread; ++seed) {
             TEVSystemProperties::SetUserProperty(KeyOf(seed).c_str(), Number(seed).c_str());
             TEVSystemProperties::SetUserProperty((KeyOf(seed) + kSwitch).c_str(),
                                                  seed % 3 == 0 ? "true" : "false");
         }
+        TEVSystemDiagnostics::TakePropertiesSnapshot(after);
     }
-    ~KnownKeys() { TEVSystemProperties::InitializeProperties(); }
+    ~KnownKeys() {
+        before = after = nullptr;
+        TEVSystemProperties::InitializeProperties();
+    }
     KnownKeys(const KnownKeys&) = delete;
     KnownKeys& operator=(const KnownKeys&) = delete;
 
     static inline const std::string kSwitch = std::string(200, '.') + "switch";
+    // Without the keys, and with them.
+    static inline TEVSystemDiagnostics::Snapshot before;
+    static inline TEVSystemDiagnostics::Snapshot after;
 };
 
 std::string LookUps(unsigned seed) {
@@ -236,6 +247,17 @@ std::string LookUps(unsigned seed) {
     const bool isFound = TEVSystemProperties::GetProperty(KeyOf(seed).c_str(), value);
     TEVSystemProperties::GetPropertyAsBool(isOn, (KeyOf(seed) + KnownKeys::kSwitch).c_str());
     return (isFound ? value : "not found") + std::to_string(isOn);
+}
+
+// The snapshots are shared; the copies of the pointers are the thread's own.
+std::string Snapshots(unsigned seed) {
+    const TEVSystemDiagnostics::Snapshot before = KnownKeys::before;
+    const TEVSystemDiagnostics::Snapshot after = KnownKeys::after;
+    std::vector<TEVSystemDiagnostics::Change> changes;
+    const bool isCompared = TEVSystemDiagnostics::CompareSnapshots(before, after, changes);
+    const auto& change = changes.at(seed);
+    return tev::test::Line(isCompared, changes.size(), change.key, change.before.has_value(),
+                           change.after.value_or("gone"), after->user.at(KeyOf(seed)));
 }
 
 std::vector<Job> AllJobs() {
@@ -251,9 +273,10 @@ std::vector<Job> AllJobs() {
                           {"COM texts", ComTexts},
                           {"COM arrays", ComArrays},
                           {"process", Process},
-                          {"look-ups", LookUps}};
+                          {"look-ups", LookUps},
+                          {"snapshots", Snapshots}};
     for (const auto& more : {tev::test::TextJobs(), tev::test::MemoryJobs(), tev::test::ComJobs(),
-                             tev::test::ProcessJobs()})
+                             tev::test::OverloadJobs(), tev::test::ProcessJobs()})
         jobs.insert(jobs.end(), more.begin(), more.end());
     return jobs;
 }

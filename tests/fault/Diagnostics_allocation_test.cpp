@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "TEVSystemLib/system/detail/LoadCause.h"
 #include "fault/AllocationFaults.h"
+#include "fault/TextRows.h"
 #include "fixtures/Modules.h"
 #include "support/Folder.h"
 
@@ -15,6 +17,8 @@ using tev::fault::Attempt;
 using tev::fault::Prepare;
 
 using Explanation = TEVSystemDiagnostics::LoadExplanation;
+using Module = TEVSystemDiagnostics::Module;
+using Problem = TEVSystemDiagnostics::LoadProblem;
 
 struct NeedyModule {
     const tev::test::Folder folder;
@@ -35,10 +39,35 @@ void ExplainsAFailure(Attempt& attempt) {
     EXPECT_EQ(explanation.cause.empty(), !succeeded);
 }
 
+// The text in front of the closing parenthesis fills what it has room for, so that this allocates.
+template <Problem kProblem>
+void TellsTheCause(Attempt& attempt) {
+    Module root;
+    root.name = root.file = "C:\\root.dll";
+    Module culprit;
+    culprit.name = "lib.dll";
+    culprit.file = "C:\\some folder\\my.dll";
+    ASSERT_EQ((culprit.name + " (" + culprit.file).size(), 30U);
+    culprit.flaw = "a flaw that is longer than what a string keeps in itself";
+    Explanation explanation;
+    explanation.name = root.name;
+    explanation.code = 1114;
+    attempt.Call([&] {
+        TAMO::TEV::System::detail::ConcludeLoad({kProblem, &culprit, &root}, explanation);
+    });
+    const std::string named = "lib.dll (" + culprit.file + ")";
+    if (!attempt.Succeeded(explanation.cause.find(named) != std::string::npos))
+        tev::fault::ByBadAlloc(attempt);
+}
+
+constexpr const char* kFunction =
+    "TEVSystemDiagnostics::ExplainLoadFailure(char const*, char const**, unsigned long long, "
+    "TEVSystemDiagnostics::LoadExplanation&)";
+
 const AllocatingFunctions functions{
-    {"TEVSystemDiagnostics::ExplainLoadFailure(char const*, char const**, unsigned long long, "
-     "TEVSystemDiagnostics::LoadExplanation&)",
-     "", ExplainsAFailure, Prepare<NeedyModule>},
+    {kFunction, "", ExplainsAFailure, Prepare<NeedyModule>},
+    {kFunction, "start refused", TellsTheCause<Problem::StartRefused>},
+    {kFunction, "not a module", TellsTheCause<Problem::NotAModule>},
 };
 
 }  // namespace

@@ -17,6 +17,7 @@ using TAMO::TEV::System::Util::TEVUtilWindows;
 using tev::fault::Calls;
 using tev::fault::CountLoans;
 using tev::fault::Fail;
+using tev::fault::FailBy;
 using tev::fault::FailNth;
 using tev::fault::Replace;
 using tev::test::CopyModule;
@@ -159,7 +160,7 @@ TEST_F(LoadModuleFaults, FolderGivenTwiceIsAddedOnce) {
 }
 
 TEST_F(LoadModuleFaults, RefusedReturnOfAFolderIsNoFailure) {
-    const Replace refuses(calls::RemoveDllDirectory, [](DLL_DIRECTORY_COOKIE cookie) {
+    const auto refuses = FailBy(calls::RemoveDllDirectory, [](DLL_DIRECTORY_COOKIE cookie) {
         calls::RemoveDllDirectory.Real(cookie);
         return FALSE;
     });
@@ -199,7 +200,7 @@ TEST_F(LoadModuleFaults, TextThatDoesNotConvertIsAFailureWithoutAnError) {
 
 TEST(FreeModuleHandle, NullsAlsoWhenTheSystemRefuses) {
     HINSTANCE__* module = LoadLibraryW(L"kernel32.dll");
-    const Replace refuses(calls::FreeLibrary, [](HMODULE given) {
+    const auto refuses = FailBy(calls::FreeLibrary, [](HMODULE given) {
         calls::FreeLibrary.Real(given);
         return FALSE;
     });

@@ -338,6 +338,8 @@ TEST(GetCurrentUserHomeFolder, GivesBackWhatTheShellLends) {
         const Replace shell(calls::SHGetKnownFolderPath,
                             [&](REFKNOWNFOLDERID, DWORD, HANDLE, wchar_t** path) {
                                 *path = answer.hasPath ? TaskMemoryOf(L"C:\\") : nullptr;
+                                if (FAILED(answer.result))
+                                    calls::SHGetKnownFolderPath.TellFailure();
                                 return answer.result;
                             });
         char stale[] = "stale";

@@ -10,6 +10,15 @@ const DWORD testThread = GetCurrentThreadId();
 
 bool IsTestThread() { return GetCurrentThreadId() == testThread; }
 
+std::set<std::string> NeverFailed() {
+    std::set<std::string> names;
+#define TEV_SYSTEM_CALL(NAME) \
+    if (calls::NAME.Failures() == 0) names.insert(#NAME);
+#include "SystemCallNames.inc"
+#undef TEV_SYSTEM_CALL
+    return names;
+}
+
 }  // namespace tev::fault
 
 // For each name the system's pointer to the function and the pointer that the objects find in its

@@ -10,6 +10,8 @@
 
 #include <cstdlib>
 #include <functional>
+#include <set>
+#include <string>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -40,6 +42,9 @@ class SystemCall<Result(Args...)> {
     Result Real(Args... args) const { return (*real_)(args...); }
     // Calls made so far.
     int Count() const { return count_; }
+    // How often a test has let it fail so far.
+    int Failures() const { return failures_; }
+    void TellFailure() { ++failures_; }
     // Functions to call around every call, whoever answers it.
     void WatchBefore(Before before) { before_ = before; }
     void WatchAfter(After after) { after_ = after; }
@@ -72,6 +77,7 @@ class SystemCall<Result(Args...)> {
  private:
     Result (*const* real_)(Args...);
     int count_ = 0;
+    int failures_ = 0;
     const Answer* answer_ = nullptr;
     Before before_ = nullptr;
     After after_ = nullptr;
@@ -109,6 +115,7 @@ template <typename Result, typename... Args>
             [&call, outer = call.Answering(), result, error, n,
              made = 0](Args... args) mutable -> Result {
                 if (n >= 0 && made++ != n) return call.Ask(outer, args...);
+                call.TellFailure();
                 SetLastError(error);
                 return result;
             }};
@@ -120,6 +127,19 @@ template <typename Result, typename... Args>
                                             DWORD error = ERROR_SUCCESS) {
     return FailNth(-1, call, result, error);
 }
+
+// As Replace, for an answer that is a failure each time.
+template <typename Result, typename... Args>
+[[nodiscard]] Replace<Result, Args...> FailBy(SystemCall<Result(Args...)>& call,
+                                              typename SystemCall<Result(Args...)>::Answer answer) {
+    return {call, [&call, answer = std::move(answer)](Args... args) -> Result {
+                call.TellFailure();
+                return answer(args...);
+            }};
+}
+
+// The calls that no test has let fail until now.
+std::set<std::string> NeverFailed();
 
 // Counts the calls made since its construction.
 template <typename Function>

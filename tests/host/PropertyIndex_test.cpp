@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -84,6 +85,22 @@ TEST(PropertyIndex, OpenedAgainItKnowsNothingOfBefore) {
     index.Open({second, user});
     EXPECT_EQ(ValueOf(index, "a"), nullptr);
     EXPECT_EQ(ValueOf(index, "b"), &second["b"]);
+}
+
+// Two keys of the same hash of 64 bits, as the C++ library of our compilers makes it.
+TEST(PropertyIndex, KeysOfOneHashStayApart) {
+    const std::string first = "key.one.aaaaaaaa";
+    const std::string second = "key.two.\x1F\xDF\xF7\x4E\x2A\xCC\xE5\xB0";
+    ASSERT_EQ(std::hash<std::string_view>()(first), std::hash<std::string_view>()(second));
+    Properties system{{first, "1"}};
+    Properties user;
+    PropertyIndex index;
+    index.Open({system, user});
+    EXPECT_EQ(ValueOf(index, first), &system[first]);
+    EXPECT_EQ(ValueOf(index, second), nullptr);
+    index.Put(*user.emplace(second, "2").first);
+    EXPECT_EQ(ValueOf(index, first), &system[first]);
+    EXPECT_EQ(ValueOf(index, second), &user[second]);
 }
 
 // Each answer is that of the two tables, asked one after the other.

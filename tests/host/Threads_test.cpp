@@ -94,6 +94,19 @@ std::string Numbers(unsigned seed) {
            Pad(number, 20, Fill::ZerosBehindSign) + Pad(number, 20, Fill::BlanksLeft);
 }
 
+std::string ReadNumbers(unsigned seed) {
+    const std::string number = Number(seed);
+    int plain = 0;
+    std::int64_t leading = 0;
+    double plainReal = 0;
+    double real = 0;
+    const bool areRead = ReadPlainInteger(number.c_str(), Sign::PlusOrMinus, plain) &&
+                         ReadLeadingInteger(std::string_view(number), leading) &&
+                         ReadPlainReal(number.c_str(), plainReal) && ReadReal(number + "e3", real);
+    return std::to_string(areRead) + std::to_string(plain) + "," + std::to_string(leading) + "," +
+           std::to_string(plainReal) + "," + std::to_string(real);
+}
+
 std::string Pairs(unsigned seed) {
     const std::string pair = "key" + Number(seed) + " = value";
     std::string text = std::string(*KeyOf(pair)) + std::string(*ValueOf(pair));
@@ -175,6 +188,10 @@ std::string Translated(unsigned seed) try {
     return error.what();
 }
 
+TEST(PureCode, ReadsTheNumbersOfTheSoak) {
+    EXPECT_EQ(ReadNumbers(1), "17920,7920,7920.500000,7920500.000000");
+}
+
 TEST(PureCode, GivesTheSameOn16Threads) {
     Soak soak({{"letters", Letters},
                {"encoding", Encoding},
@@ -182,6 +199,7 @@ TEST(PureCode, GivesTheSameOn16Threads) {
                {"bits", BitPatterns},
                {"figures", Figures},
                {"numbers", Numbers},
+               {"read numbers", ReadNumbers},
                {"pairs", Pairs},
                {"paths", Paths},
                {"lists", Lists},

@@ -203,6 +203,12 @@ TEST(ReadLeadingInteger, UpToTheLimitsOfTheType) {
     EXPECT_EQ(Leading<std::uint64_t>("18446744073709551616"), std::nullopt);
 }
 
+TEST(ReadLeadingInteger, NothingBehindTheText) {
+    int value = 0;
+    EXPECT_TRUE(ReadLeadingInteger(std::string_view("123").substr(0, 2), value));
+    EXPECT_EQ(value, 12);
+}
+
 TEST(ReadReal, WholeTextsOfNumbersThatFit) {
     const struct {
         const char* text;

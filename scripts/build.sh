@@ -78,12 +78,11 @@ test_quickly() {
     need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}" \
         "${packages_docs[@]}"
     need_all
-    local what="the product under Wine, the platform-free code natively" number=test all=
-    [ "${TEV_TEST_EFFORT:-}" != all ] || number=effort all=' --all'
     grep -qw avx2 /proc/cpuinfo || say "this processor has no AVX2: nothing runs that level"
-    clear_number inside "./tev test$all"
-    test_presets "$what" mingw-release host | keep_number "$number" "./tev test$all"
-    count_inside | keep_number inside "./tev test$all"
+    clear_number inside './tev test'
+    test_presets "the product under Wine, the platform-free code natively" '-LE slow' \
+        mingw-release host | keep_number test './tev test'
+    count_inside | keep_number inside './tev test'
 }
 
 # What the reports tell besides passed tests.
@@ -126,39 +125,39 @@ step() {
     [ "$code" -eq 0 ] || failed_steps+=("$name")
 }
 
-# The random comparisons fifty times as long, and the checks that take long.
+# The random comparisons fifty times as long, and the checks that take long. The fault tests repeat
+# comparisons that others make.
 test_fifty_fold() {
     export TEV_TEST_EFFORT=all TEV_SOAK_SECONDS=30
-    test_quickly
+    test_product effort "the product, random comparisons fifty-fold" \
+        '-L gtest|slow -E fault_tests' mingw-release
 }
 
 test_levels() {
+    test_product levels "the product as on older processors" '-L gtest' mingw-portable mingw-ssse3
+}
+
+# test_product NUMBER WHAT CTEST_CHOICE PRESET...
+test_product() {
+    local number=$1
+    shift
     need_packages "${packages_check[@]}" "${packages_package[@]}" "${packages_compilers[@]}"
     need_all
-    test_presets "the product as on older processors" mingw-portable mingw-ssse3 |
-        keep_number levels './tev test --all'
+    test_presets "$@" | keep_number "$number" './tev test --all'
 }
 
 test_benchmarks() {
-    {
-        check_bench
-        echo 'what every row comes to is right'
-    } | keep_number bench './tev test --all'
+    { check_bench; echo 'what every row comes to is right'; } |
+        keep_number bench './tev test --all'
 }
 
-# test_presets WHAT PRESET...: builds and tests; of the instruction levels only the suites.
+# test_presets WHAT CTEST_CHOICE PRESET...: builds and tests.
 test_presets() {
-    local what=$1 preset failed=0 passed=0 choice=() quick=(-LE slow) begun=$SECONDS
-    [ "${TEV_TEST_EFFORT:-}" != all ] || quick=()
-    shift
+    local what=$1 preset failed=0 passed=0 choice begun=$SECONDS
+    read -ra choice <<<"$2"
+    shift 2
     for preset in "$@"; do build "$preset"; done
-    for preset in "$@"; do
-        case $preset in
-            mingw-portable | mingw-ssse3) choice=(-L gtest) ;;
-            *) choice=("${quick[@]}") ;;
-        esac
-        run_tests "$preset" "${choice[@]}"
-    done
+    for preset in "$@"; do run_tests "$preset" "${choice[@]}"; done
     say "tests: $what"
     printf '%d passed, %d failed, %d s\n' "$passed" "$failed" $((SECONDS - begun))
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]

@@ -205,6 +205,14 @@ TEST(Lint, TellsAllAboutAFindingInASystemFile) {
     }
 }
 
+TEST(Lint, ValueBelongsToItsFinding) {
+    const auto findings =
+        Lint(Models(kVariables).Make("s=1\n", "=c\ntev.log.level=loud"), Table::User);
+    ASSERT_EQ(findings.size(), 2U);
+    EXPECT_EQ(findings[0].value, "");
+    EXPECT_EQ(findings[1].value, "loud");
+}
+
 TEST(Lint, TellsAllAboutAFindingInAUserFile) {
     const WholeRow rows[] = {
         {"tev.log.level=loud",

@@ -69,7 +69,7 @@ TEST(FolderBeside, IsThatOfTheModule) {
 
 TEST(IsFixedPath, NeedsNoSearch) {
     for (const char* name :
-         {"C:\\a.dll", "c:a.dll", "\\a.dll", "/a.dll", "\\\\host\\a", ".\\a.dll"})
+         {"C:\\a.dll", "c:a.dll", "c:", "\\a.dll", "/a.dll", "\\\\host\\a", ".\\a.dll"})
         EXPECT_TRUE(IsFixedPath(name)) << name;
     for (const char* name : {"", "a", "a.dll", "sub\\a.dll"})
         EXPECT_FALSE(IsFixedPath(name)) << name;

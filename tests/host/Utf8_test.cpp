@@ -13,9 +13,11 @@
 
 namespace {
 
+using TAMO::TEV::System::Util::detail::NarrowAscii;
 using TAMO::TEV::System::Util::detail::NarrowUtf16;
 using TAMO::TEV::System::Util::detail::Utf16Size;
 using TAMO::TEV::System::Util::detail::Utf8Size;
+using TAMO::TEV::System::Util::detail::WidenAscii;
 using TAMO::TEV::System::Util::detail::WidenUtf8;
 using tev::test::BytesOf;
 using tev::test::IsSurrogate;
@@ -53,6 +55,17 @@ TEST(Utf8, EveryCharacterBothWays) {
             ASSERT_EQ(Narrowed(UnitsOf(character)), bytes) << character;
         }
     }
+}
+
+// wchar_t is as wide as char16_t on Windows only.
+TEST(Ascii, WideTextsOfEitherWidth) {
+    const std::string text(100, 'a');
+    std::wstring wide(100, L'?');
+    EXPECT_EQ(WidenAscii(text, wide.data()), 100U);
+    EXPECT_EQ(wide, std::wstring(100, L'a'));
+    std::string narrow(100, '?');
+    EXPECT_EQ(NarrowAscii(std::wstring_view(wide), narrow.data()), 100U);
+    EXPECT_EQ(narrow, text);
 }
 
 TEST(WidenUtf8, OverlongFormsAreRefused) {

@@ -45,7 +45,7 @@ void Unfilled(const char* text, char** out) {
 // The functions that hand out a text.
 std::string FilledTexts(unsigned seed) {
     using Fill = void (*)(const char*, char**);
-    constexpr Fill kFills[] = {
+    const Fill fills[] = {
         &TEVUtilString::ToLower,
         &TEVUtilString::ToUpper,
         &TEVUtilString::TrimEnd,
@@ -59,7 +59,7 @@ std::string FilledTexts(unsigned seed) {
         Unfilled};
     const std::string pair = "  Key = " + Number(seed) + " ";
     std::string line;
-    for (const Fill fill : kFills) {
+    for (const Fill fill : fills) {
         Text text;
         fill(pair.c_str(), text.Out());
         line += Line(text.str());
